@@ -1,0 +1,56 @@
+// A form: a window as a record, with its controls and the handlers of its life. The procedures
+// below carry it through that life (Load, Resize, Activate, Paint, QueryUnload, Unload); they are
+// called by menu handlers, by the start and by both platforms.
+#pragma once
+
+#include <string>
+
+#include "platform/controls.h"
+
+namespace cumeron {
+
+inline constexpr int TwipsPerPixel = 15;
+
+struct Form {
+    std::string Name;  // "frmMain"
+    std::string Caption;
+    std::string Icon;
+    double Left = 0, Top = 0;      // twips, of the window on the screen
+    double Width = 0, Height = 0;  // twips, of the client area: 15 to the pixel
+    int WindowState = 0;           // 0 normal, 1 minimised, 2 maximised
+    int MousePointer = 0;          // 0 arrow, 11 hourglass
+    bool Enabled = true;
+    bool Visible = false;
+    bool TopMost = false;
+    bool Loaded = false;
+    unsigned BroughtToFront = 0;  // counted up each time the form is to come to the front
+
+    Handler Load, Resize, Activate, Paint, Unload;
+    std::function<bool(Workstation&)> QueryUnload;  // true keeps the form
+
+    double ScaleWidth() const { return Width / TwipsPerPixel; }    // pixels
+    double ScaleHeight() const { return Height / TwipsPerPixel; }  // pixels
+
+    virtual ~Form() = default;
+    virtual ControlList Controls() = 0;
+    // Puts the record back into its design state (also Loaded and Visible).
+    virtual void Reset() = 0;
+};
+
+// Loads the form if it is not loaded: Loaded, then its Load.
+void LoadForm(Workstation& w, Form& form);
+// Loads it if needed and shows it without waiting; Resize comes once, at the first show after a
+// load, then Activate and Paint.
+void ShowForm(Workstation& w, Form& form);
+// Hides it; it stays loaded and keeps what it holds.
+void HideForm(Form& form);
+// Asks QueryUnload, then unloads. False when the form stays.
+bool CloseForm(Workstation& w, Form& form);
+// Unload without the question, then the design state.
+void UnloadForm(Workstation& w, Form& form);
+// The window has a new client area, in pixels: stores it and runs Resize.
+void ResizeForm(Workstation& w, Form& form, double widthPixels, double heightPixels);
+// The window state was changed by the operator: 0, 1 or 2; runs Resize.
+void ChangeWindowState(Workstation& w, Form& form, int state);
+
+}  // namespace cumeron

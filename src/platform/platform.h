@@ -1,0 +1,72 @@
+// Everything that the program asks of the machine, as one record of small contracts. A
+// Workstation holds it; platform/host and platform/scripted fill it.
+#pragma once
+
+#include <string>
+
+#include "platform/files.h"
+#include "platform/serial_line.h"
+
+namespace cumeron {
+
+class Clock {
+public:
+    virtual ~Clock() = default;
+    // Local date and time as a day count with the time of day as its fraction; day 0 is
+    // 1899-12-30.
+    virtual double Now() = 0;
+};
+
+class EventLoop {
+public:
+    virtual ~EventLoop() = default;
+    // One turn for pending events; never sleeps.
+    virtual void DoEvents() = 0;
+    // The same turn for waiting loops; may sleep up to 10 ms when nothing is pending.
+    virtual void WaitEvents() = 0;
+};
+
+enum class BoxButtons { Ok, YesNo, RetryCancel };
+enum class Answer { Ok, Yes, No, Cancel, Retry };
+
+class Dialogs {
+public:
+    virtual ~Dialogs() = default;
+    virtual Answer MessageBox(const std::string& text, BoxButtons buttons) = 0;
+    virtual void Beep() = 0;
+};
+
+class Process {
+public:
+    virtual ~Process() = default;
+    virtual std::string CommandLine() const = 0;
+    // Folder of the program, without a separator at its end.
+    virtual std::string ApplicationFolder() const = 0;
+};
+
+// Marks of running copies: named, system-wide, countable; a mark goes when it is deleted.
+class RunningCopies {
+public:
+    virtual ~RunningCopies() = default;
+    virtual bool AnotherRuns() = 0;        // another copy of this program runs now
+    virtual bool HasMark(int number) = 0;  // also marks that a crash left behind
+    virtual void AddMark(int number) = 0;
+    virtual void DeleteMark(int number) = 0;
+};
+
+struct ScreenSize {
+    int width = 1024, height = 768;  // pixels of the whole desktop
+};
+
+struct Platform {
+    Clock& clock;
+    EventLoop& events;
+    SerialLine& line;
+    Files& files;
+    Dialogs& dialogs;
+    Process& process;
+    RunningCopies& copies;
+    ScreenSize screen;
+};
+
+}  // namespace cumeron

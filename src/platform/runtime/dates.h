@@ -1,0 +1,33 @@
+// Date-times: day counts as double, local time, the time of day as the fraction; day 0 is
+// 1899-12-30.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace cumeron {
+
+struct DateParts {
+    int year, month, day, hour, minute, second;
+};
+
+double DateSerial(int year, int month, int day);      // carries over
+double TimeSerial(int hour, int minute, int second);  // carries over
+// To the nearest whole second.
+DateParts PartsOf(double when);
+double DateOf(double when);  // the date without the time of day
+double TimeOf(double when);  // the time of day without the date
+// Crossings of the clock second from first to second; negative backwards.
+std::int32_t DateDiffSeconds(double first, double second);
+// Formats in use: "d-mmm" (English month names of three letters), "hh:nn:ss", "hh:nn",
+// "dd.mm.yyyy", "yyyy-mm-dd", "yyyy-mm-dd hh:nn:ss", "Short Date", "ttttt"; raises 5 for another.
+std::string Format(double when, std::string_view format);
+// "Short Date" and "ttttt" are the locale's; the host sets them at its start (with the letters of
+// the formats above). At the beginning "dd.mm.yyyy" and "hh:nn:ss".
+void SetLocaleFormats(std::string shortDate, std::string longTime);
+// A time of day as a person writes it, "6:0", "06:15", "06:15:30", to a fraction of a day;
+// raises 13 otherwise.
+double TimeValue(std::string_view text);
+
+}  // namespace cumeron

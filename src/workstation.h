@@ -1,0 +1,40 @@
+// The whole state of one workstation: a member for each module's variables, each form, and the
+// platform. Every procedure that needs more than its arguments takes Workstation& w first.
+#pragma once
+
+#include <vector>
+
+#include "graphs/graph_history.h"
+#include "intake/intake.h"
+#include "intake/models.h"
+#include "platform/platform.h"
+#include "readings/instant_values.h"
+#include "shell/main_window.h"
+#include "shell/message_windows.h"
+#include "shell/settings.h"
+#include "shell/startup.h"
+
+namespace cumeron {
+
+struct Workstation {
+    explicit Workstation(Platform& machine) : platform(machine) {}
+
+    Platform& platform;  // the only way out: line, clock, files, boxes
+
+    Settings settings;
+    ModelTable model;  // the row of settings.CEILOMETER
+    IntakeState intake;
+    ReadingsState readings;
+    GraphState graphs;
+    ShellState shell;
+
+    FrmMain frmMain;
+    FrmDebug frmDebug;
+    FrmStatus frmStatus;
+
+    SerialLine& comCTLine() { return platform.line; }
+    // Every form, frmMain first.
+    std::vector<Form*> Forms() { return {&frmMain, &frmDebug, &frmStatus}; }
+};
+
+}  // namespace cumeron
