@@ -1,0 +1,24 @@
+// From a Reading to the bytes of one message, start character to end characters. Pure.
+// One source file for each family; `Encode` picks by the model.
+#pragma once
+
+#include <string>
+
+#include "instrument.h"
+
+namespace cumeron::sim {
+
+std::string Encode(const Setup& setup, const Reading& reading);
+
+std::string EncodeRv(const Setup& setup, const Reading& reading);
+std::string EncodeRv10x(const Setup& setup, const Reading& reading);
+std::string EncodeKn(const Setup& setup, const Reading& reading);
+std::string EncodeTq60(const Setup& setup, const Reading& reading);
+
+// The status word as it stands in the message, empty for the TQ60, which sends none.
+std::string StatusWord(const Setup& setup, const Reading& reading);
+std::string StatusWordRv(const Setup& setup, const Reading& reading);
+std::string StatusWordRv10x(const Setup& setup, const Reading& reading);
+std::string StatusWordKn(const Setup& setup, const Reading& reading);
+
+}  // namespace cumeron::sim
