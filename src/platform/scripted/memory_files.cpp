@@ -1,0 +1,203 @@
+#include "platform/scripted/memory_files.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "platform/runtime/errors.h"
+#include "platform/runtime/text.h"
+
+namespace cumeron {
+
+namespace {
+
+constexpr double FreeSpaceAtFirst = 3000000000.0;
+
+bool HasDrive(const std::string& name) { return name.size() >= 2 && name[1] == ':'; }
+
+// The parts between separators, with "." and ".." carried out.
+std::vector<std::string> PartsOfPath(const std::string& path, char separator) {
+    std::vector<std::string> parts;
+    std::size_t at = 0;
+    while (at <= path.size()) {
+        const std::size_t end = std::min(path.find(separator, at), path.size());
+        const std::string part = path.substr(at, end - at);
+        at = end + 1;
+        if (part == "..") {
+            if (!parts.empty()) parts.pop_back();
+        } else if (!part.empty() && part != ".") {
+            parts.push_back(part);
+        }
+    }
+    return parts;
+}
+
+std::string JoinPath(const std::string& root, const std::vector<std::string>& parts,
+                     char separator) {
+    std::string path = root;
+    for (const std::string& part : parts) {
+        if (path.back() != separator) path += separator;
+        path += part;
+    }
+    return path;
+}
+
+std::string FullPosix(const std::string& name) {
+    const std::string path = name.starts_with('/') ? name : "/home/user/" + name;
+    return JoinPath("/", PartsOfPath(path, '/'), '/');
+}
+
+std::string FullWindows(std::string name) {
+    std::replace(name.begin(), name.end(), '/', '\\');
+    const std::string drive = HasDrive(name) ? UpperCase(name.substr(0, 2)) : "C:";
+    std::string path = HasDrive(name) ? name.substr(2) : name;
+    if (!path.starts_with('\\') && drive == "C:") path = "CUMERON\\" + path;
+    return JoinPath(drive + "\\", PartsOfPath(path, '\\'), '\\');
+}
+
+}  // namespace
+
+void MemoryFiles::SetStyle(PathStyle newStyle) {
+    std::vector<File> settingsFiles;
+    for (auto& [key, file] : files) {
+        if (FolderOf(file.name) == SettingsFolder()) settingsFiles.push_back(std::move(file));
+    }
+    const char oldSeparator = style == PathStyle::Windows ? '\\' : '/';
+    style = newStyle;
+    files.clear();
+    folders.clear();
+    if (style == PathStyle::Windows) {
+        folders = {Key("C:\\"), Key("D:\\")};
+        AddFolder("C:\\CUMERON");
+    } else {
+        folders = {"/"};
+        AddFolder("/home/user");
+        AddFolder("/usr/bin");
+        AddFolder("/tmp");
+    }
+    AddFolder(SettingsFolder());
+    const std::string separator = style == PathStyle::Windows ? "\\" : "/";
+    for (const File& file : settingsFiles) {
+        const std::string bare = file.name.substr(file.name.rfind(oldSeparator) + 1);
+        Put(SettingsFolder() + separator + bare, file.text);
+    }
+}
+
+std::string MemoryFiles::SettingsFolder() const {
+    return style == PathStyle::Windows ? "C:\\WINDOWS" : "/home/user/.config/cumeron";
+}
+
+std::string MemoryFiles::Full(const std::string& name) const {
+    return style == PathStyle::Windows ? FullWindows(name) : FullPosix(name);
+}
+
+std::string MemoryFiles::Key(const std::string& name) const {
+    return style == PathStyle::Windows ? LowerCase(Full(name)) : Full(name);
+}
+
+std::string MemoryFiles::FolderOf(const std::string& full) const {
+    const char separator = style == PathStyle::Windows ? '\\' : '/';
+    const std::size_t last = full.rfind(separator);
+    const std::size_t root = full.find(separator);
+    return full.substr(0, last == root ? last + 1 : last);
+}
+
+bool MemoryFiles::IsFolder(const std::string& full) const { return folders.contains(Key(full)); }
+
+void MemoryFiles::AddFolder(const std::string& full) {
+    if (IsFolder(full)) return;
+    const std::string parent = FolderOf(full);
+    if (Key(parent) == Key(full)) throw RuntimeError(76);
+    AddFolder(parent);
+    folders.insert(Key(full));
+}
+
+bool MemoryFiles::Exists(const std::string& name) { return files.contains(Key(name)); }
+
+void MemoryFiles::RaiseOpenError(const std::string& name) {
+    const auto found = openErrors.find(Key(name));
+    if (found == openErrors.end()) return;
+    const int error = found->second;
+    openErrors.erase(found);
+    throw RuntimeError(error);
+}
+
+std::string MemoryFiles::Read(const std::string& name) {
+    RaiseOpenError(name);
+    const auto found = files.find(Key(name));
+    if (found != files.end()) return found->second.text;
+    if (IsFolder(Full(name))) throw RuntimeError(75);
+    throw RuntimeError(IsFolder(FolderOf(Full(name))) ? 53 : 76);
+}
+
+void MemoryFiles::CheckWritable(const std::string& name) {
+    RaiseOpenError(name);
+    if (IsFolder(Full(name))) throw RuntimeError(75);
+}
+
+std::string& MemoryFiles::TextOf(const std::string& name) {
+    return files.try_emplace(Key(name), File{Full(name), ""}).first->second.text;
+}
+
+void MemoryFiles::Append(const std::string& name, std::string_view text) {
+    CheckWritable(name);
+    if (!IsFolder(FolderOf(Full(name)))) throw RuntimeError(76);
+    std::string& file = TextOf(name);
+    if (text.empty()) return;
+    if (std::exchange(nextWriteFails, false)) throw RuntimeError(61);
+    const std::size_t fits = std::min(text.size(), room.value_or(text.size()));
+    file += text.substr(0, fits);
+    if (room) *room -= fits;
+    if (fits < text.size()) throw RuntimeError(61);
+}
+
+void MemoryFiles::Replace(const std::string& name, std::string_view text) {
+    CheckWritable(name);
+    AddFolder(FolderOf(Full(name)));
+    if (!text.empty()) {
+        if (std::exchange(nextWriteFails, false)) throw RuntimeError(61);
+        if (room && *room < text.size()) throw RuntimeError(61);
+        if (room) *room -= text.size();
+    }
+    TextOf(name) = text;
+}
+
+std::optional<double> MemoryFiles::FreeDiskSpace(const std::string& drive) {
+    const auto found = freeSpace.find(Key(drive + "/"));
+    if (found != freeSpace.end()) return found->second;
+    if (!IsFolder(Full(drive + "/"))) return std::nullopt;
+    return FreeSpaceAtFirst;
+}
+
+void MemoryFiles::Put(const std::string& name, const std::string& text) {
+    AddFolder(FolderOf(Full(name)));
+    TextOf(name) = text;
+}
+
+void MemoryFiles::MakeFolder(const std::string& name) { AddFolder(Full(name)); }
+
+std::optional<std::string> MemoryFiles::Content(const std::string& name) const {
+    const auto found = files.find(Key(name));
+    if (found == files.end()) return std::nullopt;
+    return found->second.text;
+}
+
+std::vector<std::string> MemoryFiles::Names() const {
+    std::vector<std::string> names;
+    for (const auto& [key, file] : files) names.push_back(file.name);
+    return names;
+}
+
+void MemoryFiles::FailNextOpen(const std::string& name, int error) {
+    openErrors[Key(name)] = error;
+}
+
+void MemoryFiles::SetFreeDiskSpace(const std::string& drive, std::optional<double> bytes) {
+    freeSpace[Key(drive + "/")] = bytes;
+}
+
+void MemoryFiles::EmptyDisk() {
+    room.reset();
+    nextWriteFails = false;
+}
+
+}  // namespace cumeron

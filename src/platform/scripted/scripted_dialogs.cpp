@@ -1,0 +1,48 @@
+#include "platform/scripted/scripted_dialogs.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace cumeron {
+
+namespace {
+
+std::vector<Answer> AnswersOf(BoxButtons buttons) {
+    switch (buttons) {
+        case BoxButtons::Ok:
+            return {Answer::Ok};
+        case BoxButtons::YesNo:
+            return {Answer::Yes, Answer::No};
+        case BoxButtons::RetryCancel:
+            return {Answer::Retry, Answer::Cancel};
+    }
+    return {};
+}
+
+}  // namespace
+
+Answer ScriptedDialogs::MessageBox(const std::string& text, BoxButtons buttons) {
+    boxes.push_back(text);
+    allBoxes.push_back(text);
+    const std::vector<Answer> possible = AnswersOf(buttons);
+    const bool answered = !answers.empty() && std::find(possible.begin(), possible.end(),
+                                                        answers.front()) != possible.end();
+    if (answered) {
+        const Answer answer = answers.front();
+        answers.pop_front();
+        return answer;
+    }
+    if (buttons != BoxButtons::Ok) throw UnansweredBox{text};
+    return Answer::Ok;
+}
+
+std::optional<std::string> ScriptedDialogs::TakeBox() {
+    if (boxes.empty()) return std::nullopt;
+    std::string text = boxes.front();
+    boxes.pop_front();
+    return text;
+}
+
+int ScriptedDialogs::TakeBeeps() { return std::exchange(beeps, 0); }
+
+}  // namespace cumeron

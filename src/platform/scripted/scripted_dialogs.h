@@ -1,0 +1,45 @@
+// Boxes and beeps of the scripted platform, with the answers that the script gave beforehand.
+#pragma once
+
+#include <deque>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "platform/platform.h"
+
+namespace cumeron {
+
+// A box that asks something, and no answer for it in the script: the run cannot go on. It is no
+// std::exception, so that no trap of the program takes it.
+struct UnansweredBox {
+    std::string text;
+};
+
+class ScriptedDialogs : public Dialogs {
+  public:
+    // A box with a lone OK is answered OK; throws UnansweredBox when another box finds no answer,
+    // or one that is none of its buttons.
+    Answer MessageBox(const std::string& text, BoxButtons buttons) override;
+    void Beep() override { ++beeps; }
+
+    // For the next boxes, in order. A box with a lone OK takes an OK and leaves other answers to
+    // the boxes behind it.
+    void AnswerNext(Answer answer) { answers.push_back(answer); }
+    // The oldest box not yet taken.
+    std::optional<std::string> TakeBox();
+    // Boxes not yet taken, the oldest first.
+    const std::deque<std::string>& Boxes() const { return boxes; }
+    // Every box so far.
+    const std::vector<std::string>& AllBoxes() const { return allBoxes; }
+    // Beeps since the last call.
+    int TakeBeeps();
+
+  private:
+    std::deque<Answer> answers;
+    std::deque<std::string> boxes;
+    std::vector<std::string> allBoxes;
+    int beeps = 0;
+};
+
+}  // namespace cumeron

@@ -1,0 +1,97 @@
+// The virtual machine: everything that a Workstation asks of the platform, made up and in the hands
+// of a script. cumeron-drive runs scenarios on it; tests of the core make one per case:
+//     ScriptedMachine machine;
+//     Workstation w(machine.platform);
+// or, for the whole program, machine.Start("").
+#pragma once
+
+#include <memory>
+#include <set>
+#include <string>
+
+#include "platform/platform.h"
+#include "platform/runtime/errors.h"
+#include "platform/scripted/memory_files.h"
+#include "platform/scripted/scripted_dialogs.h"
+#include "platform/scripted/scripted_line.h"
+#include "platform/scripted/scripted_time.h"
+
+namespace cumeron {
+
+class ScriptedProcess : public Process {
+  public:
+    explicit ScriptedProcess(const Files& disk) : files(disk) {}
+    std::string CommandLine() const override { return commandLine; }
+    std::string ApplicationFolder() const override {
+        return files.Style() == PathStyle::Windows ? "C:\\CUMERON" : "/usr/bin";
+    }
+
+    std::string commandLine;
+
+  private:
+    const Files& files;
+};
+
+class ScriptedCopies : public RunningCopies {
+  public:
+    bool AnotherRuns() override { return anotherRuns; }
+    bool HasMark(int number) override { return marks.contains(number); }
+    void AddMark(int number) override { marks.insert(number); }
+    void DeleteMark(int number) override { marks.erase(number); }
+
+    bool anotherRuns = false;
+    std::set<int> marks;
+};
+
+class ScriptedMachine {
+  public:
+    ScriptedMachine();
+    ~ScriptedMachine();
+    ScriptedMachine(const ScriptedMachine&) = delete;
+    ScriptedMachine& operator=(const ScriptedMachine&) = delete;
+
+    ScriptedTime time;
+    ScriptedLine line{time};
+    MemoryFiles files;
+    ScriptedDialogs dialogs;
+    ScriptedProcess process{files};
+    ScriptedCopies copies;
+    Platform platform{time, time, line, files, dialogs, process, copies, {}};
+
+    // Starts the program afresh; the clock, the files and the marks stay as they are.
+    void Start(const std::string& commandLine);
+    // The records of the running program, or of the one that ended last; null before any start.
+    Workstation* Program() { return workstation.get(); }
+    bool Running() const { return running; }
+    bool Ended() const { return workstation && !running; }
+    // Calls into the program. When the program ends its process, the outermost call notes that and
+    // returns.
+    template <class Call>
+    void Enter(Call call);
+    // Lets virtual time pass, also when the program ends in it.
+    void Advance(Micros duration);
+
+  private:
+    void EndProcess();
+
+    std::unique_ptr<Workstation> workstation;
+    bool running = false;
+    int depth = 0;  // calls of Enter under way
+};
+
+template <class Call>
+void ScriptedMachine::Enter(Call call) {
+    struct Depth {
+        int& depth;
+        explicit Depth(int& d) : depth(d) { ++depth; }
+        ~Depth() { --depth; }
+    } const guard(depth);
+    try {
+        call();
+    } catch (const ProcessEnd&) {
+        if (depth > 1) throw;
+        EndProcess();
+    }
+}
+
+}  // namespace cumeron
