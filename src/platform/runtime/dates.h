@@ -14,17 +14,21 @@ struct DateParts {
 
 double DateSerial(int year, int month, int day);      // carries over
 double TimeSerial(int hour, int minute, int second);  // carries over
-// To the nearest whole second.
+// To the nearest whole second. Dates outside the years 1 to 9999 give the first or the last moment
+// of these, no number gives day 0.
 DateParts PartsOf(double when);
-double DateOf(double when);  // the date without the time of day
-double TimeOf(double when);  // the time of day without the date
+// The date without the time of day, and the time of day without the date. Less than half a
+// millisecond before midnight is the next day, 0:00.
+double DateOf(double when);
+double TimeOf(double when);
 // Crossings of the clock second from first to second; negative backwards.
 std::int32_t DateDiffSeconds(double first, double second);
 // Formats in use: "d-mmm" (English month names of three letters), "hh:nn:ss", "hh:nn",
-// "dd.mm.yyyy", "yyyy-mm-dd", "yyyy-mm-dd hh:nn:ss", "Short Date", "ttttt"; raises 5 for another.
+// "dd.mm.yyyy", "yyyy-mm-dd", "yyyy-mm-dd hh:nn:ss", "Short Date", "ttttt", and each of "yyyy",
+// "yy", "mm", "dd", "hh", "nn", "ss" alone; raises 5 for another.
 std::string Format(double when, std::string_view format);
 // "Short Date" and "ttttt" are the locale's; the host sets them at its start (with the letters of
-// the formats above). At the beginning "dd.mm.yyyy" and "hh:nn:ss".
+// the formats above, also one letter alone). At the beginning "dd.mm.yyyy" and "hh:nn:ss".
 void SetLocaleFormats(std::string shortDate, std::string longTime);
 // A time of day as a person writes it, "6:0", "06:15", "06:15:30", to a fraction of a day;
 // raises 13 otherwise.

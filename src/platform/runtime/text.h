@@ -18,7 +18,7 @@ long InStr(std::string_view text, std::string_view needle);
 // A number as a person writes it: blanks around, one sign in front or behind, digits with at most
 // one decimal point, an exponent (e E d D). Not: "", a lone sign or point, letters, "1 2".
 bool IsNumeric(std::string_view text);
-// The value of such a text; raises 13 otherwise.
+// The value of such a text; raises 13 otherwise, 6 when no double holds it.
 double ToDouble(std::string_view text);
 // To the nearest integer, halves to even. Raise 6 when it does not fit (also NaN), 13 for a text
 // that is no number.
@@ -32,8 +32,10 @@ double RoundHalfEven(double value);
 std::int16_t Add16(std::int16_t a, int b);
 std::int16_t Multiply16(std::int16_t a, int b);
 
-std::string StrOf(double value);     // with the leading blank of a positive number: " 15"
-std::string NumberText(double value);  // shortest decimal form of 15 significant digits, "-0.5"
+std::string StrOf(double value);  // with the leading blank of a positive number: " 15"
+// Shortest decimal form of at most 15 significant digits: "-0.5", "15"; with an exponent, "1E+20",
+// when the whole number or the decimals take more than 15 places.
+std::string NumberText(double value);
 std::string Hex(std::uint32_t value);  // capitals, no leading noughts
 // left-padded with pad to width characters; longer texts stay as they are
 std::string PadLeft(std::string_view text, std::size_t width, char pad);
