@@ -1,0 +1,173 @@
+#include "intake/port.h"
+
+#include <cmath>
+
+#include "platform/runtime/dates.h"
+#include "platform/runtime/errors.h"
+#include "platform/runtime/text.h"
+#include "shell/indicators.h"
+#include "shell/message_windows.h"
+#include "workstation.h"
+
+namespace cumeron {
+namespace {
+
+double SecondsSinceMidnight(Workstation& w) {
+    constexpr double milliseconds = 86400000;
+    return std::round(TimeOf(w.platform.clock.Now()) * milliseconds) / 1000;
+}
+
+// Lets other events run for a second, counted from the whole second of the start. Midnight, or a
+// clock that is set back, ends it early.
+void WaitOneSecond(Workstation& w) {
+    const double start = std::floor(SecondsSinceMidnight(w));
+    double passed = 0;
+    do {
+        w.platform.events.WaitEvents();
+        passed = SecondsSinceMidnight(w) - start;
+    } while (passed < 1 && passed >= -10);
+}
+
+void PressPortButtons(Workstation& w, bool open) {
+    w.frmMain.Toolbar1.OpenPort.Value = open ? 1 : 0;
+    w.frmMain.Toolbar1.ClosePort.Value = open ? 0 : 1;
+}
+
+void CheckPortEntries(Workstation& w, bool open) {
+    w.frmMain.mnuOpenPort.Checked = open;
+    w.frmMain.mnuClosePort.Checked = !open;
+}
+
+void OpenPort(Workstation& w) {
+    w.intake.IntervalSeekState = 0;
+    w.comCTLine().SetPortOpen(true);
+    CheckPortEntries(w, true);
+    const std::string& text = w.settings.Modem_Initialization_String;
+    if (w.settings.Modem_used != 0 && !text.empty()) {
+        SendModemInit(w, text);
+        SetErrorsPanel(w, "Dialling", Black);
+    } else {
+        SetErrorsPanel(w, "NO MESSAGE", Red);
+    }
+    PressPortButtons(w, true);
+    // The watch over silence starts from here.
+    w.graphs.MessageTime = w.platform.clock.Now();
+}
+
+void DropModemAnswer(Workstation& w) {
+    SerialLine& line = w.comCTLine();
+    bool quiet = false;
+    while (!quiet) {
+        WaitOneSecond(w);
+        quiet = line.InBufferCount() == 0;
+        if (!quiet) line.Input();
+    }
+}
+
+void SetLineForReception(SerialLine& line) {
+    line.ParityReplace.clear();
+    line.InputLen = 0;
+    line.RThreshold = 1;
+    line.SThreshold = 1;
+}
+
+void CountFrameError(Workstation& w) {
+    w.intake.FrameErrorCount = Add16(w.intake.FrameErrorCount, 1);
+}
+
+// Goes on past any error: a full counter must not keep the line from being drained.
+void TellLineFault(Workstation& w) {
+    switch (w.comCTLine().CommEvent) {
+        case CommEventOverrun:
+            SetErrorsPanel(w, "Overrun", Red);
+            break;
+        case CommEventReceiveParity:
+            SetErrorsPanel(w, "Parity Error", Red);
+            ResumeNext([&] { CountFrameError(w); });
+            break;
+        default:
+            return;  // the tick takes what was received
+    }
+    ResumeNext([&] { RecoverFromError(w); });
+}
+
+}  // namespace
+
+void mnuOpenPort_Click(Workstation& w) {
+    if (w.comCTLine().PortOpen()) {
+        w.frmMain.Toolbar1.OpenPort.Value = 1;
+        return;
+    }
+    try {
+        OpenPort(w);
+    } catch (const RuntimeError& error) {
+        ReportError(w, error);
+        w.frmMain.Toolbar1.OpenPort.Value = 0;
+    }
+}
+
+void mnuClosePort_Click(Workstation& w) {
+    if (!w.comCTLine().PortOpen()) {
+        w.frmMain.Toolbar1.ClosePort.Value = 1;
+        return;
+    }
+    HangUpModem(w);
+    w.comCTLine().SetPortOpen(false);
+    CheckPortEntries(w, false);
+    PressPortButtons(w, false);
+    SetErrorsPanel(w, "OFF-line", Red);
+    SetStatusPanel(w, "", Black);
+}
+
+void SendModemInit(Workstation& w, const std::string& text) {
+    SerialLine& line = w.comCTLine();
+    if (!line.CDHolding()) {
+        line.Output(text + "\r");
+        line.RThreshold = 0;  // the modem's answer raises no event
+        DropModemAnswer(w);
+    }
+    line.RThreshold = 1;
+    line.SetDTREnable(true);
+    line.SetRTSEnable(true);
+}
+
+void HangUpModem(Workstation& w) {
+    SerialLine& line = w.comCTLine();
+    bool before = false;
+    ResumeNext([&] { before = line.DTREnable(); });
+    ResumeNext([&] { line.SetDTREnable(true); });
+    ResumeNext([&] { line.SetDTREnable(false); });
+    ResumeNext([&] { line.SetDTREnable(before); });
+}
+
+void comCTLine_OnComm(Workstation& w) {
+    if (w.intake.onCommBusy) return;
+    w.intake.onCommBusy = true;
+    SetLineForReception(w.comCTLine());
+    TellLineFault(w);
+    w.comCTLine().RThreshold = 1;
+    w.intake.onCommBusy = false;
+}
+
+void WaitInputQuiet(Workstation& w) {
+    int before = 0;
+    int count = 0;
+    do {
+        before = count;
+        count = w.comCTLine().InBufferCount();
+        WaitOneSecond(w);
+    } while (count != before);
+}
+
+void RecoverFromError(Workstation& w) {
+    SetActionPanel(w, "Recovery from error");
+    ResumeNext([&] { WaitInputQuiet(w); });
+    std::string dumped;
+    ResumeNext([&] {
+        if (w.comCTLine().PortOpen()) dumped = w.comCTLine().Input();
+    });
+    AddToMessageWindow(w, "The following message dumped:\r\n" + dumped);
+    SetActionPanel(w, "");
+}
+
+}  // namespace cumeron
