@@ -3,6 +3,7 @@
 
 #include <array>
 #include <cstdint>
+#include <string>
 
 #include "platform/form.h"
 #include "platform/surface.h"
@@ -54,6 +55,10 @@ struct FrmMain : Form {
     ControlList Controls() override;
     void Reset() override;
 };
+
+// The handler of an entry whose feature this version does not have: a box says so. feature begins
+// the sentence, "The terminal".
+Handler NotYet(std::string feature);
 
 void Form_Resize(Workstation& w);
 void ArrangeSplitView(Workstation& w);

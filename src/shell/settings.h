@@ -6,7 +6,10 @@
 #include <cstdint>
 #include <span>
 #include <string>
+#include <string_view>
 #include <variant>
+
+#include "platform/form.h"
 
 namespace cumeron {
 
@@ -67,5 +70,58 @@ struct Settings {
 
 // How many messages share a column of the graph, from Compress: 2 for 1, 3 for 2, else 1.
 int CompressFactor(const Settings& settings);
+
+// One colour or limit of the cloud graph. A limit is held in 32 bits and read as 16.
+struct SettingElement {
+    std::array<std::int32_t, 5> Settings::*array;
+    std::size_t index;
+    bool sixteenBit;
+};
+enum class LineProperty { Settings, CommPort };
+
+// Where a setting is held. The type also tells the form of its value in the file: a double of
+// Settings is a time of day ("06:00"), a float a fraction told in tenths ("5" is 0.5), a double
+// of the form a place in twips.
+using SettingPlace =
+    std::variant<std::string Settings::*, std::int16_t Settings::*, std::int32_t Settings::*,
+                 double Settings::*, float Settings::*, SettingElement, double Form::*, int Form::*,
+                 LineProperty>;
+
+struct SettingRow {
+    std::string_view key;
+    SettingPlace place;
+    std::string_view fallback;  // value of a key that is absent
+    const char* restored;       // value of "Restore Defaults"; null: left as it is
+};
+
+// Every key, in the order in which the start reads them.
+std::span<const SettingRow> SettingTable();
+// The keys that a save writes, in its order.
+std::span<const std::string_view> SavedKeys();
+// Raises 5 for a key that is not in the table.
+const SettingRow& SettingOf(std::string_view key);
+
+// Puts a value, in the form of the file, into its place. Raises 13 for a text that is no value of
+// its kind, 6 for one that does not fit, and what the line refuses.
+void StoreSetting(Workstation& w, const SettingRow& row, const std::string& text);
+// The value in the form of the file. Raises 6 when the file's form cannot hold it.
+std::string SettingText(Workstation& w, const SettingRow& row);
+
+// The start's way through the table: the file as it was found, and the row to read next.
+struct SettingsReading {
+    std::string text;
+    std::size_t next = 0;
+};
+// Reads shell.SettingsFile once; a missing file has no keys. Raises 75 when it is there but cannot
+// be read.
+SettingsReading OpenSettings(Workstation& w);
+// Stores the following rows up to the one of lastKey; an error leaves that row and all behind it
+// as they were.
+void ReadSettingsThrough(Workstation& w, SettingsReading& reading, std::string_view lastKey);
+
+// Saves all keys of SavedKeys into the file, which is read afresh and replaced in one step; an
+// error is told. The first save after a start that failed keeps the old file as NAME.bak.
+void mnuSaveSettingsNow_Click(Workstation& w);
+void mnuSaveSettings_Click(Workstation& w);
 
 }  // namespace cumeron

@@ -20,6 +20,9 @@ struct ShellState {
 // Form_Initialize, Form_Load, then the first show of frmMain with its Resize. Never throws but
 // ProcessEnd.
 void StartProgram(Workstation& w);
+// Numbers this copy, reads the settings, sets up model, graphs, view and line. An error is told and
+// leaves the rest undone.
+void Form_Load(Workstation& w);
 // The menu's exit: no question; ends the process (throws ProcessEnd).
 void mnuExit_Click(Workstation& w);
 // The window's close box: asks; true keeps the program.

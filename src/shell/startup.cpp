@@ -1,0 +1,185 @@
+#include "shell/startup.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "graphs/axes.h"
+#include "intake/models.h"
+#include "intake/port.h"
+#include "platform/runtime/errors.h"
+#include "platform/runtime/text.h"
+#include "shell/dispatch.h"
+#include "shell/indicators.h"
+#include "workstation.h"
+
+namespace cumeron {
+
+namespace {
+
+constexpr int MarksCleared = 10;  // marks of crashed copies that the first copy takes away
+
+void Form_Initialize(Workstation& w) {
+    CreateHistory(w, w.platform.screen.width);
+    constexpr std::int32_t fixedRanges[] = {128, 255, 514, 751};
+    std::ranges::copy(fixedRanges, w.graphs.RangeTable.begin() + 1);
+    w.intake.ProfileScale = 1;
+}
+
+void NumberThisCopy(Workstation& w) {
+    RunningCopies& copies = w.platform.copies;
+    if (copies.AnotherRuns()) {
+        w.platform.events.DoEvents();
+    } else {
+        for (int number = 1; number <= MarksCleared; ++number) {
+            if (copies.HasMark(number)) copies.DeleteMark(number);
+        }
+    }
+    std::int16_t number = 1;
+    while (copies.HasMark(number)) number = Add16(number, 1);
+    copies.AddMark(number);
+    w.shell.InstanceNumber = number;
+}
+
+// A number from 1 to 99 on the command line names the file, as the text stands.
+void ChooseSettingsFile(Workstation& w) {
+    std::string name = std::to_string(w.shell.InstanceNumber);
+    const std::string commandLine = w.platform.process.CommandLine();
+    if (IsNumeric(commandLine)) {
+        const double number = std::floor(ToDouble(commandLine));
+        if (number > 0 && number < 100) name = commandLine;
+    }
+    w.shell.SettingsFile = "CUMERON" + name + ".INI";
+}
+
+// A window without a stored place takes 75 % of the screen and stands in its middle.
+void PlaceWindow(Workstation& w) {
+    FrmMain& form = w.frmMain;
+    if (form.Top != 0 || form.Left != 0) return;
+    const double screenWidth = w.platform.screen.width * TwipsPerPixel;
+    const double screenHeight = w.platform.screen.height * TwipsPerPixel;
+    form.Width = screenWidth * 0.75;
+    form.Height = screenHeight * 0.75;
+    form.Left = (screenWidth - form.Width) / 2;
+    form.Top = (screenHeight - form.Height) / 2;
+}
+
+void MakeTitle(Workstation& w) {
+    const std::string& caption = w.settings.Main_Caption;
+    w.shell.MainTitle =
+        "CUMERON - " +
+        (caption.empty() ? "Port " + std::to_string(w.comCTLine().CommPort()) : caption);
+    w.frmMain.Caption = w.shell.MainTitle;
+}
+
+// The sky window without a stored place opens a quarter into the main window.
+void PlaceSkyWindow(Workstation& w) {
+    const FrmMain& form = w.frmMain;
+    Settings& settings = w.settings;
+    if (settings.Sky_Win_Top == 0) {
+        settings.Sky_Win_Top = ToInt16(form.Top + ToInt32(form.Height) / 4);
+    }
+    if (settings.Sky_Win_Left == 0) {
+        settings.Sky_Win_Left = ToInt16(form.Left + ToInt32(form.Width) / 4);
+    }
+}
+
+// A code that is no model reads no interval and loads no constants.
+void ReadModel(Workstation& w, SettingsReading& reading) {
+    ReadSettingsThrough(w, reading, "CEILOMETER");
+    if (!IsModel(w.settings.CEILOMETER)) {
+        ++reading.next;
+        return;
+    }
+    ReadSettingsThrough(w, reading, "Message_Interval");
+    LoadModel(w, LoadedBy::Start);
+    w.frmMain.lblCT.Caption = w.model.name;
+}
+
+void ReadAllButStartOptions(Workstation& w, SettingsReading& reading) {
+    ReadSettingsThrough(w, reading, "Height");
+    PlaceWindow(w);
+    ReadSettingsThrough(w, reading, "Main_Caption");
+    MakeTitle(w);
+    ReadSettingsThrough(w, reading, "Cloudmode");
+    w.graphs.PreviousCloudmode = w.settings.Cloudmode;
+    ReadSettingsThrough(w, reading, "Sky_Win_Width");
+    PlaceSkyWindow(w);
+    ReadModel(w, reading);
+    w.settings.Message_Interval =
+        Multiply16(w.settings.Message_Interval, CompressFactor(w.settings));
+}
+
+void SetUpGraphs(Workstation& w) {
+    DimensionProfiles(w);
+    w.graphs.GraphsReady = -1;
+    w.graphs.MessageTime = w.platform.clock.Now();
+    SetGraphCaptions(w);
+    w.frmMain.Toolbar1.CloudIntensity.Value = 1;
+    w.frmMain.Toolbar1.ClosePort.Value = 1;
+    mnuPoints_Click(w);
+}
+
+void LoadMainWindow(Workstation& w) {
+    w.intake.PreviousStatus = "00000";
+    NumberThisCopy(w);
+    ChooseSettingsFile(w);
+    SettingsReading reading = OpenSettings(w);
+    ReadAllButStartOptions(w, reading);
+    SetUpGraphs(w);
+    ReadSettingsThrough(w, reading, "Log_on");
+    if (w.settings.Port_open != 0) mnuOpenPort_Click(w);
+    // kept: this comes last, over the "NO MESSAGE" of a port that was just opened; the next tick or
+    // message puts the panel right.
+    SetErrorsPanel(w, "OFF-line", Red);
+}
+
+// Runs one statement of the way out; its error is told and the way goes on.
+template <class Statement>
+void GoOn(Workstation& w, Statement statement) {
+    try {
+        statement();
+    } catch (const RuntimeError& error) {
+        ReportError(w, error);
+    }
+}
+
+}  // namespace
+
+void StartProgram(Workstation& w) {
+    w.comCTLine().OnComm = [&w] { DispatchOnComm(w); };
+    DispatchEvent(w, Form_Initialize);
+    ShowForm(w, w.frmMain);
+}
+
+void Form_Load(Workstation& w) {
+    try {
+        LoadMainWindow(w);
+    } catch (const RuntimeError& error) {
+        w.shell.startFailed = true;
+        ReportError(w, error);
+    }
+}
+
+// kept: the menu leaves without the question that the close box asks.
+void mnuExit_Click(Workstation& w) { Form_Unload(w); }
+
+bool Form_QueryUnload(Workstation& w) {
+    const Answer answer =
+        w.platform.dialogs.MessageBox("Are you sure you want to Exit?", BoxButtons::YesNo);
+    return answer != Answer::Yes;
+}
+
+void Form_Unload(Workstation& w) {
+    GoOn(w, [&] {
+        if (w.comCTLine().PortOpen()) w.comCTLine().SetPortOpen(false);
+    });
+    GoOn(w, [&] { w.platform.copies.DeleteMark(w.shell.InstanceNumber); });
+    if (w.frmMain.mnuSaveSettings.Checked) {
+        w.frmMain.WindowState = 0;  // the normal size and place are what is saved
+        mnuSaveSettingsNow_Click(w);
+    }
+    GoOn(w, [&] { UnloadForm(w, w.frmDebug); });
+    throw ProcessEnd{0};
+}
+
+}  // namespace cumeron
