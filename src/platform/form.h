@@ -24,6 +24,7 @@ struct Form {
     bool TopMost = false;
     bool Loaded = false;
     unsigned BroughtToFront = 0;  // counted up each time the form is to come to the front
+    bool ShownSinceLoad = false;  // kept by ShowForm: Resize has come
 
     Handler Load, Resize, Activate, Paint, Unload;
     std::function<bool(Workstation&)> QueryUnload;  // true keeps the form
@@ -46,7 +47,7 @@ void ShowForm(Workstation& w, Form& form);
 void HideForm(Form& form);
 // Asks QueryUnload, then unloads. False when the form stays.
 bool CloseForm(Workstation& w, Form& form);
-// Unload without the question, then the design state.
+// Unload without the question, then the design state; BroughtToFront goes on counting.
 void UnloadForm(Workstation& w, Form& form);
 // The window has a new client area, in pixels: stores it and runs Resize.
 void ResizeForm(Workstation& w, Form& form, double widthPixels, double heightPixels);

@@ -20,6 +20,8 @@ struct ReadingsState {
     std::string StatusText;       // lines separated by CR
 };
 
+// True for the messages of the RV family that carry an angle: those with a profile.
+bool HasAngleField(std::int16_t messageId);
 // Fills the panels and captions from the frame, from its start character on.
 void UpdateInstantValues(Workstation& w, std::string_view frame);
 // Empties them when a replay enters or leaves its view.
