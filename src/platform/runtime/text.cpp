@@ -173,13 +173,7 @@ double ToDouble(std::string_view text) {
     return number->negative ? -value : value;
 }
 
-double RoundHalfEven(double value) {
-    const double below = std::floor(value);
-    const double rest = value - below;
-    if (rest < 0.5) return below;
-    if (rest > 0.5) return below + 1;
-    return std::fmod(below, 2) == 0 ? below : below + 1;
-}
+double RoundHalfEven(double value) { return std::nearbyint(value); }
 
 std::int16_t ToInt16(double value) { return ToInteger<std::int16_t>(value); }
 std::int16_t ToInt16(std::string_view text) { return ToInt16(ToDouble(text)); }
