@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <utility>
+#include <vector>
 
 namespace cumeron {
 
@@ -23,7 +24,6 @@ std::vector<Answer> AnswersOf(BoxButtons buttons) {
 
 Answer ScriptedDialogs::MessageBox(const std::string& text, BoxButtons buttons) {
     boxes.push_back(text);
-    allBoxes.push_back(text);
     const std::vector<Answer> possible = AnswersOf(buttons);
     const bool answered = !answers.empty() && std::find(possible.begin(), possible.end(),
                                                         answers.front()) != possible.end();

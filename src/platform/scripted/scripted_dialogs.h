@@ -4,7 +4,6 @@
 #include <deque>
 #include <optional>
 #include <string>
-#include <vector>
 
 #include "platform/platform.h"
 
@@ -30,15 +29,12 @@ class ScriptedDialogs : public Dialogs {
     std::optional<std::string> TakeBox();
     // Boxes not yet taken, the oldest first.
     const std::deque<std::string>& Boxes() const { return boxes; }
-    // Every box so far.
-    const std::vector<std::string>& AllBoxes() const { return allBoxes; }
     // Beeps since the last call.
     int TakeBeeps();
 
   private:
     std::deque<Answer> answers;
     std::deque<std::string> boxes;
-    std::vector<std::string> allBoxes;
     int beeps = 0;
 };
 

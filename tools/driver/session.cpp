@@ -1,0 +1,52 @@
+#include "session.h"
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+
+namespace cumeron {
+
+Session::Session(std::string file, const std::string& text, std::string scenarioFolder,
+                 std::ostream& output)
+    : fileName(std::move(file)),
+      folder(std::move(scenarioFolder)),
+      out(output),
+      script(ParseScript(text)),
+      variables(ListVariables()) {}
+
+void Session::Check(bool holds, const std::string& expected, const std::string& got) {
+    if (holds) {
+        ++counts.passed;
+    } else {
+        Fail("expected " + expected + ", got " + got);
+    }
+}
+
+void Session::Fail(const std::string& text) {
+    ++counts.failed;
+    out << fileName << ':' << line << ": " << command << ": " << text << '\n';
+}
+
+Workstation& Session::Program() {
+    if (!machine.Program()) throw CommandError{"the program has not been started"};
+    return *machine.Program();
+}
+
+Workstation& Session::Running() {
+    Workstation& w = Program();
+    if (!machine.Running()) throw CommandError{"the program has ended"};
+    return w;
+}
+
+std::string Session::HostPath(const std::string& path) const {
+    return (std::filesystem::path(folder) / path).string();
+}
+
+std::string Session::ReadHostFile(const std::string& path) const {
+    std::ifstream file(HostPath(path), std::ios::binary);
+    std::string text{std::istreambuf_iterator<char>(file), {}};
+    if (!file) throw CommandError{"cannot read the host file " + HostPath(path)};
+    return text;
+}
+
+}  // namespace cumeron
