@@ -2,7 +2,7 @@
 
 namespace cumeron::sim {
 
-std::string Encode(const Setup& setup, const Reading& reading) {
+std::string Encode(const InstrumentSetup& setup, const Reading& reading) {
     switch (setup.model->family) {
         case Family::RV:
             return EncodeRv(setup, reading);
@@ -16,7 +16,7 @@ std::string Encode(const Setup& setup, const Reading& reading) {
     return EncodeTq60(setup, reading);
 }
 
-std::string StatusWord(const Setup& setup, const Reading& reading) {
+std::string StatusWord(const InstrumentSetup& setup, const Reading& reading) {
     switch (setup.model->family) {
         case Family::RV:
             return StatusWordRv(setup, reading);

@@ -8,17 +8,17 @@
 
 namespace cumeron::sim {
 
-std::string Encode(const Setup& setup, const Reading& reading);
+std::string Encode(const InstrumentSetup& setup, const Reading& reading);
 
-std::string EncodeRv(const Setup& setup, const Reading& reading);
-std::string EncodeRv10x(const Setup& setup, const Reading& reading);
-std::string EncodeKn(const Setup& setup, const Reading& reading);
-std::string EncodeTq60(const Setup& setup, const Reading& reading);
+std::string EncodeRv(const InstrumentSetup& setup, const Reading& reading);
+std::string EncodeRv10x(const InstrumentSetup& setup, const Reading& reading);
+std::string EncodeKn(const InstrumentSetup& setup, const Reading& reading);
+std::string EncodeTq60(const InstrumentSetup& setup, const Reading& reading);
 
 // The status word as it stands in the message, empty for the TQ60, which sends none.
-std::string StatusWord(const Setup& setup, const Reading& reading);
-std::string StatusWordRv(const Setup& setup, const Reading& reading);
-std::string StatusWordRv10x(const Setup& setup, const Reading& reading);
-std::string StatusWordKn(const Setup& setup, const Reading& reading);
+std::string StatusWord(const InstrumentSetup& setup, const Reading& reading);
+std::string StatusWordRv(const InstrumentSetup& setup, const Reading& reading);
+std::string StatusWordRv10x(const InstrumentSetup& setup, const Reading& reading);
+std::string StatusWordKn(const InstrumentSetup& setup, const Reading& reading);
 
 }  // namespace cumeron::sim

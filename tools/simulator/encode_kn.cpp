@@ -22,7 +22,7 @@ namespace {
 
 constexpr std::int64_t Bit(int number) { return std::int64_t{1} << number; }
 
-std::string ConditionsLine(const Setup& setup, const Reading& reading) {
+std::string ConditionsLine(const InstrumentSetup& setup, const Reading& reading) {
     const std::string angle = (setup.tilt < 0 ? "-" : "+") + Digits(std::abs(setup.tilt), 2);
     return Blanks(6) + Digits(std::lround(setup.message->gate), 2) + Blanks(14) +
            Digits(reading.window, 3) + ' ' + angle + Blanks(15) + Digits(reading.integral, 3, ' ') +
@@ -39,23 +39,23 @@ std::string SampleLine(const Reading& reading) {
     return text + NewLine;
 }
 
-std::string FourRecords(const Setup& setup, const Reading& reading) {
+std::string FourRecords(const InstrumentSetup& setup, const Reading& reading) {
     return SkyRecords(reading, setup.metres, 4, 4) + Blanks(3) + NewLine;
 }
 
-std::string FiveRecords(const Setup& setup, const Reading& reading) {
+std::string FiveRecords(const InstrumentSetup& setup, const Reading& reading) {
     return SkyRecords(reading, setup.metres, 5, 4) + NewLine;
 }
 
 // In message 25 the last two digits of the lowest layer stand where a workstation looks for the
 // metres between samples. 00 there would be a resolution of nothing, so the height says 01.
-std::string ShortSky(const Setup& setup, const Reading& reading) {
+std::string ShortSky(const InstrumentSetup& setup, const Reading& reading) {
     std::string line = FourRecords(setup, reading);
     if (line.substr(6, 2) == "00") line[7] = '1';
     return line;
 }
 
-std::string Body(const Setup& setup, const Reading& reading) {
+std::string Body(const InstrumentSetup& setup, const Reading& reading) {
     const std::string_view number = setup.message->number;
     const std::string conditions = ConditionsLine(setup, reading);
     if (number == "25") return ShortSky(setup, reading);
@@ -68,7 +68,7 @@ std::string Body(const Setup& setup, const Reading& reading) {
 
 }  // namespace
 
-std::string StatusWordKn(const Setup& setup, const Reading& reading) {
+std::string StatusWordKn(const InstrumentSetup& setup, const Reading& reading) {
     std::int64_t word = 0;
     if (reading.health == Health::Alarm) word |= Bit(46);    // transmitter failure
     if (reading.health == Health::Warning) word |= Bit(31);  // window contamination
@@ -79,7 +79,7 @@ std::string StatusWordKn(const Setup& setup, const Reading& reading) {
     return Hex(word, 12);
 }
 
-std::string EncodeKn(const Setup& setup, const Reading& reading) {
+std::string EncodeKn(const InstrumentSetup& setup, const Reading& reading) {
     const CloudFields clouds = FieldsOf(reading, setup.metres);
     const char alarm = AlarmCharacter(reading);
     std::string text = std::string("KN0210") + setup.message->number + STX + NewLine;

@@ -20,13 +20,13 @@ namespace {
 constexpr std::int64_t Bit(int number) { return std::int64_t{1} << number; }
 
 // The RV70X tells its elevation, the RV20X its angle from the vertical.
-std::string AngleField(const Setup& setup) {
+std::string AngleField(const InstrumentSetup& setup) {
     const int angle = setup.model->code == 70 ? 90 - setup.tilt : setup.tilt;
     const std::string text = (angle < 0 ? "-" : "+") + Digits(std::abs(angle), 2);
     return std::abs(angle) >= 10 ? text + " " : " " + text;
 }
 
-std::string ConditionsLine(const Setup& setup, const Reading& reading) {
+std::string ConditionsLine(const InstrumentSetup& setup, const Reading& reading) {
     return Blanks(23) + AngleField(setup) + Blanks(10) + "1 " + Digits(reading.integral, 3, ' ') +
            NewLine;
 }
@@ -43,7 +43,7 @@ std::string Rows(const Reading& reading) {
 
 // Message 61 carries three blanks behind its records. A message 73 that leaves its sky condition
 // out keeps a line for it, shorter and with nothing to read.
-std::string SkyLine(const Setup& setup, const Reading& reading) {
+std::string SkyLine(const InstrumentSetup& setup, const Reading& reading) {
     const MessageRow& message = *setup.message;
     if (message.skyDigits == 0) return "";
     if (message.skyRecords == 0) return std::string(22, '/') + NewLine;
@@ -54,7 +54,7 @@ std::string SkyLine(const Setup& setup, const Reading& reading) {
 
 }  // namespace
 
-std::string StatusWordRv(const Setup& setup, const Reading& reading) {
+std::string StatusWordRv(const InstrumentSetup& setup, const Reading& reading) {
     std::int64_t word = 0;
     if (reading.health == Health::Alarm) word |= Bit(30);    // laser failure
     if (reading.health == Health::Warning) word |= Bit(23);  // window contaminated
@@ -65,7 +65,7 @@ std::string StatusWordRv(const Setup& setup, const Reading& reading) {
     return Hex(word, 8);
 }
 
-std::string EncodeRv(const Setup& setup, const Reading& reading) {
+std::string EncodeRv(const InstrumentSetup& setup, const Reading& reading) {
     const MessageRow& message = *setup.message;
     const CloudFields clouds = FieldsOf(reading, setup.metres);
     const bool conditions = message.samples > 0 || std::string_view(message.number) == "33";

@@ -53,7 +53,7 @@ char DetectionOf(const Reading& reading) {
 
 }  // namespace
 
-std::string StatusWordRv10x(const Setup& setup, const Reading& reading) {
+std::string StatusWordRv10x(const InstrumentSetup& setup, const Reading& reading) {
     std::string flags(10, '0');
     if (reading.health == Health::Alarm) flags[0] = '1';    // hardware
     if (reading.health == Health::Warning) flags[2] = '1';  // laser power low
@@ -63,7 +63,7 @@ std::string StatusWordRv10x(const Setup& setup, const Reading& reading) {
     return flags;
 }
 
-std::string EncodeRv10x(const Setup& setup, const Reading& reading) {
+std::string EncodeRv10x(const InstrumentSetup& setup, const Reading& reading) {
     const MessageRow& message = *setup.message;
     const CloudFields clouds = FieldsOf(reading, setup.metres);
     const bool hidden = reading.detection == '4';

@@ -33,7 +33,7 @@ std::string SampleCharacters(const Reading& reading) {
     return text;
 }
 
-void PutFields(std::string& line, const Setup& setup, const Reading& reading) {
+void PutFields(std::string& line, const InstrumentSetup& setup, const Reading& reading) {
     const CloudFields clouds = FieldsOf(reading, setup.metres);
     const CloudFields none = FieldsOf({}, setup.metres);
     const bool hidden = reading.detection == '4';
@@ -54,7 +54,7 @@ void PutFreeSamples(std::string& line, const Reading& reading) {
 
 }  // namespace
 
-std::string EncodeTq60(const Setup& setup, const Reading& reading) {
+std::string EncodeTq60(const InstrumentSetup& setup, const Reading& reading) {
     const std::string_view kind = setup.message->number;
     std::string line = std::string(1, STX) + "X0" + setup.message->number;
     if (kind == "RD01") {

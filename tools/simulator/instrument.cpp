@@ -44,9 +44,11 @@ std::array<double, 3> SeenLayers(const Atmosphere& air, double maxRange, double 
     return seen;
 }
 
-double CosTilt(const Setup& setup) { return std::cos(setup.tilt * std::numbers::pi / 180); }
+double CosTilt(const InstrumentSetup& setup) {
+    return std::cos(setup.tilt * std::numbers::pi / 180);
+}
 
-void FindClouds(Reading& reading, const Atmosphere& air, const Setup& setup) {
+void FindClouds(Reading& reading, const Atmosphere& air, const InstrumentSetup& setup) {
     if (air.fogExtinction > 0) {
         reading.detection = '4';
         reading.verticalVisibility = 3000 / air.fogExtinction;
@@ -60,7 +62,7 @@ void FindClouds(Reading& reading, const Atmosphere& air, const Setup& setup) {
 
 // The sky condition of the last half hour, the present moment included, so that a base that has
 // just come in already has its okta.
-void JudgeSky(Reading& reading, const Setup& setup) {
+void JudgeSky(Reading& reading, const InstrumentSetup& setup) {
     if (reading.detection == '4') {
         reading.sky[0] = {9, reading.verticalVisibility};
         return;
@@ -86,14 +88,15 @@ void JudgeSky(Reading& reading, const Setup& setup) {
     }
 }
 
-double GateOf(const Setup& setup) {
+double GateOf(const InstrumentSetup& setup) {
     if (setup.message->gate != 0) return setup.message->gate;
     return setup.metres ? 30 : 30.48;
 }
 
 // gain: 0 when no light leaves the instrument, 1 with a clean window. The depth is summed up in
 // steps of at most ten metres, so that coarse gates lose no thin cloud.
-void TakeProfile(Reading& reading, const Atmosphere& air, const Setup& setup, double gain) {
+void TakeProfile(Reading& reading, const Atmosphere& air, const InstrumentSetup& setup,
+                 double gain) {
     const double gate = GateOf(setup);
     const int steps = static_cast<int>(std::ceil(gate / 10));
     const double cosTilt = CosTilt(setup);
@@ -118,7 +121,7 @@ void TakeProfile(Reading& reading, const Atmosphere& air, const Setup& setup, do
 }
 
 // The body of the instrument: heaters and blower follow the weather.
-void FeelBody(Reading& reading, const Atmosphere& air, const Setup& setup) {
+void FeelBody(Reading& reading, const Atmosphere& air, const InstrumentSetup& setup) {
     reading.blowerOn = air.rain > 0 || air.fogExtinction > 0;
     reading.heaterOn = air.temperature < 8;
     reading.laserTemperature = static_cast<int>(std::lround(air.temperature)) + 12;
@@ -137,7 +140,7 @@ void LoseMeasurement(Reading& reading) {
 
 }  // namespace
 
-Reading Measure(const Setup& setup, double time) {
+Reading Measure(const InstrumentSetup& setup, double time) {
     const Atmosphere air = AtmosphereAt(setup.seed, time);
     Reading reading;
     reading.time = time;

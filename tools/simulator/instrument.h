@@ -15,7 +15,7 @@ namespace cumeron::sim {
 enum class Health { Good, Warning, Alarm };
 
 // What does not change while the program runs.
-struct Setup {
+struct InstrumentSetup {
     const ModelRow* model = nullptr;
     const MessageRow* message = nullptr;
     std::uint64_t seed = 1;
@@ -50,7 +50,7 @@ struct Reading {
 };
 
 // Pure: the same setup and time give the same reading.
-Reading Measure(const Setup& setup, double time);
+Reading Measure(const InstrumentSetup& setup, double time);
 
 // Seconds of the instrument's clock as "2026-11-15 14:41:25", and back; back returns false for
 // what is no such time ("2026-11-15" alone is midnight).

@@ -13,7 +13,7 @@
 namespace cumeron::sim {
 
 struct Live {
-    Run run;
+    SimulatedRun run;
     Service service;
     int baud = 19200;
     double speed = 1;           // seconds of the instrument in one second outside

@@ -1,5 +1,5 @@
-// cumeron-sim: the command line. It fills a Run and a Live from the options and starts one of
-// the three outputs. Exit status: 0 good, 1 a file or the line failed, 2 a bad argument.
+// cumeron-sim: the command line. It fills a SimulatedRun and a Live from the options and starts one
+// of the three outputs. Exit status: 0 good, 1 a file or the line failed, 2 a bad argument.
 #include <CLI/CLI.hpp>
 #include <atomic>
 #include <csignal>
@@ -117,8 +117,8 @@ double LocalNow() {
 
 // Fills the setup. Throws std::invalid_argument with what is wrong.
 void Judge(const Options& o, Live& live) {
-    Run& run = live.run;
-    Setup& setup = run.setup;
+    SimulatedRun& run = live.run;
+    InstrumentSetup& setup = run.setup;
     setup.model = FindModel(o.model);
     if (setup.model == nullptr) throw std::invalid_argument("--model: no model " + o.model);
     const std::string key = o.message.empty() ? setup.model->defaultMessage : o.message;
@@ -148,9 +148,9 @@ void Judge(const Options& o, Live& live) {
         throw std::invalid_argument("--scenario: needs intervals of 2 seconds or more");
 }
 
-using Writer = void (*)(std::ostream&, const Run&, double);
+using Writer = void (*)(std::ostream&, const SimulatedRun&, double);
 
-int WriteFile(const std::string& path, Writer write, const Run& run, double hours) {
+int WriteFile(const std::string& path, Writer write, const SimulatedRun& run, double hours) {
     std::ofstream file;
     if (path != "-") file.open(path, std::ios::binary);
     std::ostream& out = path == "-" ? std::cout : file;

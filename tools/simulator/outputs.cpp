@@ -7,7 +7,7 @@ namespace cumeron::sim {
 namespace {
 
 template <typename Action>
-void ForEachMessage(const Run& run, double hours, Action action) {
+void ForEachMessage(const SimulatedRun& run, double hours, Action action) {
     const double end = run.start + hours * 3600;
     for (std::int64_t i = 0; TimeOfMessage(run, i) < end; ++i) action(i, MessageOf(run, i));
 }
@@ -61,7 +61,7 @@ std::string QuotedValue(std::string_view bytes) {
     return text + '"';
 }
 
-void WriteLog(std::ostream& out, const Run& run, double hours) {
+void WriteLog(std::ostream& out, const SimulatedRun& run, double hours) {
     out << "-Ceilometer Logfile \r\n"
         << "-File created: " << FormatTime(run.start) << "\r\n";
     ForEachMessage(run, hours, [&](std::int64_t number, const SentMessage& message) {
@@ -72,8 +72,8 @@ void WriteLog(std::ostream& out, const Run& run, double hours) {
     out << "-File Closed: " << FormatTime(run.start + hours * 3600) << "\r\n";
 }
 
-void WriteScenario(std::ostream& out, const Run& run, double hours) {
-    const Setup& setup = run.setup;
+void WriteScenario(std::ostream& out, const SimulatedRun& run, double hours) {
+    const InstrumentSetup& setup = run.setup;
     out << "# " << setup.model->name << " sends message " << setup.message->key << " every "
         << setup.interval << " s for " << hours << " h from " << FormatTime(run.start) << ", seed "
         << setup.seed << "\n"

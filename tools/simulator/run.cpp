@@ -23,7 +23,7 @@ std::string FaultReport(const Reading& reading) {
 
 }  // namespace
 
-double TimeOfMessage(const Run& run, std::int64_t number) {
+double TimeOfMessage(const SimulatedRun& run, std::int64_t number) {
     std::int64_t seconds = number * run.setup.interval;
     if (run.changedInterval > 0 && number > run.changedAfter)
         seconds = run.changedAfter * run.setup.interval +
@@ -31,19 +31,19 @@ double TimeOfMessage(const Run& run, std::int64_t number) {
     return run.start + static_cast<double>(seconds);
 }
 
-int IntervalAfter(const Run& run, std::int64_t number) {
+int IntervalAfter(const SimulatedRun& run, std::int64_t number) {
     if (run.changedInterval > 0 && number >= run.changedAfter) return run.changedInterval;
     return run.setup.interval;
 }
 
-SentMessage MessageOf(const Run& run, std::int64_t number) {
+SentMessage MessageOf(const SimulatedRun& run, std::int64_t number) {
     const Reading reading = Measure(run.setup, TimeOfMessage(run, number));
     return Spoil(Encode(run.setup, reading), run.faults, run.setup.seed, number,
                  run.setup.model->family);
 }
 
-std::string StatusReport(const Run& run, double time) {
-    const Setup& setup = run.setup;
+std::string StatusReport(const SimulatedRun& run, double time) {
+    const InstrumentSetup& setup = run.setup;
     const Reading reading = Measure(setup, time);
     const std::string word = StatusWord(setup, reading);
     std::string text;

@@ -7,8 +7,8 @@
 
 namespace cumeron::sim {
 
-struct Run {
-    Setup setup;
+struct SimulatedRun {
+    InstrumentSetup setup;
     FaultRates faults;
     double start = 0;                // time of the first message
     int changedInterval = 0;         // seconds, 0: the interval stays
@@ -16,15 +16,15 @@ struct Run {
 };
 
 // Time of message `number`, counted from 0.
-double TimeOfMessage(const Run& run, std::int64_t number);
+double TimeOfMessage(const SimulatedRun& run, std::int64_t number);
 
 // Seconds from message `number` to the next one.
-int IntervalAfter(const Run& run, std::int64_t number);
+int IntervalAfter(const SimulatedRun& run, std::int64_t number);
 
 // The message that leaves at its time, with what the faults made of it.
-SentMessage MessageOf(const Run& run, std::int64_t number);
+SentMessage MessageOf(const SimulatedRun& run, std::int64_t number);
 
 // The text with which the instrument answers the status command: lines ended by CR LF.
-std::string StatusReport(const Run& run, double time);
+std::string StatusReport(const SimulatedRun& run, double time);
 
 }  // namespace cumeron::sim
