@@ -199,7 +199,7 @@ int Main(int argc, char** argv) {
     app.footer(
         "Examples:\n"
         "  cumeron-sim --model KN30 --link /tmp/ceilo\n"
-        "  cumeron-sim --model RV20X --message 28 --speed 60\n"
+        "  cumeron-sim --model RV70X --speed 60\n"
         "  cumeron-sim --model KN50 --hours 24 --start 2026-11-15 --log A6111500.DAT");
     Options options;
     Live live;
