@@ -92,7 +92,6 @@ void ReadModel(Workstation& w, SettingsReading& reading) {
     }
     ReadSettingsThrough(w, reading, "Message_Interval");
     LoadModel(w, LoadedBy::Start);
-    w.frmMain.lblCT.Caption = w.model.name;
 }
 
 void ReadAllButStartOptions(Workstation& w, SettingsReading& reading) {
@@ -148,7 +147,7 @@ void GoOn(Workstation& w, Statement statement) {
 void StartProgram(Workstation& w) {
     w.comCTLine().OnComm = [&w] { DispatchOnComm(w); };
     DispatchEvent(w, Form_Initialize);
-    ShowForm(w, w.frmMain);
+    DispatchEvent(w, [](Workstation& station) { ShowForm(station, station.frmMain); });
 }
 
 void Form_Load(Workstation& w) {
