@@ -1,0 +1,61 @@
+// The program: the machine, a workstation on it, and the view of its forms.
+#include <QApplication>
+#include <csignal>
+#include <cstdio>
+#include <cstring>
+
+#include "platform/host/guard.h"
+#include "platform/host/host_view.h"
+#include "platform/host/locale_formats.h"
+#include "platform/host/unicode.h"
+#include "workstation.h"
+
+namespace {
+
+constexpr const char* Version = "2.0";
+
+constexpr const char* Help =
+    "Usage: cumeron [NUMBER]\n"
+    "Watches a ceilometer on a serial port: cloud heights, backscatter profile and status.\n"
+    "\n"
+    "  NUMBER      1 to 99: the settings file CUMERON<NUMBER>.INI of the settings folder\n"
+    "  --help      tells this\n"
+    "  --version   tells the version\n"
+    "\n"
+    "CUMERON_COM1 to CUMERON_COM16 of the environment name the devices behind the port numbers.\n";
+
+// Answers a word that asks for text only; true when there was one.
+bool TellAndLeave(int argc, char** argv) {
+    for (int i = 1; i < argc; ++i) {
+        if (std::strcmp(argv[i], "--help") == 0) {
+            std::fputs(Help, stdout);
+            return true;
+        }
+        if (std::strcmp(argv[i], "--version") == 0) {
+            std::printf("Cumeron %s\n", Version);
+            return true;
+        }
+    }
+    return false;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    if (TellAndLeave(argc, argv)) return 0;
+    std::signal(SIGPIPE, SIG_IGN);
+    QApplication application(argc, argv);
+    QApplication::setApplicationName("cumeron");
+    QApplication::setDesktopFileName("cumeron");
+    // The end comes from the program, not from a window that closes.
+    QApplication::setQuitOnLastWindowClosed(false);
+    cumeron::UseLocaleFormats();
+
+    const QString words = QCoreApplication::arguments().mid(1).join(' ');
+    cumeron::HostMachine machine(cumeron::FromUnicode(words));
+    cumeron::Workstation workstation(machine.platform);
+    cumeron::HostView view(workstation, machine, workstation.Forms());
+    cumeron::Guarded([&] { cumeron::StartProgram(workstation); });
+    view.Sync();
+    return QApplication::exec();
+}

@@ -1,0 +1,103 @@
+#include "platform/host/bars.h"
+
+#include <QPainter>
+#include <algorithm>
+
+namespace cumeron {
+namespace {
+
+constexpr int Margin = 2;
+constexpr int SeparatorWidth = 9;
+constexpr int NarrowestButton = 18;
+constexpr int IconMargin = 8;  // of a button around its icon
+
+}  // namespace
+
+void ToolStrip::Add(QToolButton* button, bool separatorBefore) {
+    places.push_back({button, separatorBefore});
+    Arrange();
+}
+
+void ToolStrip::Arrange() {
+    separators.clear();
+    const auto separatorCount = std::count_if(places.begin(), places.end(),
+                                              [](const Place& p) { return p.separatorBefore; });
+    const int room = width() - 2 * Margin - static_cast<int>(separatorCount) * SeparatorWidth;
+    const int count = std::max(1, static_cast<int>(places.size()));
+    const int side = height() - 2 * Margin;
+    const int buttonWidth =
+        std::clamp(room / count, NarrowestButton, std::max(side, NarrowestButton));
+    const int icon = std::max(1, std::min(buttonWidth, side) - IconMargin);
+    int x = Margin;
+    for (const Place& place : places) {
+        if (place.separatorBefore) {
+            separators.push_back(x + SeparatorWidth / 2);
+            x += SeparatorWidth;
+        }
+        place.button->setGeometry(x, Margin, buttonWidth, side);
+        place.button->setIconSize(QSize(icon, icon));
+        x += buttonWidth;
+    }
+    update();
+}
+
+void ToolStrip::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    painter.setPen(palette().color(QPalette::Mid));
+    for (const int x : separators) painter.drawLine(x, 2 * Margin, x, height() - 2 * Margin);
+    painter.drawLine(0, height() - 1, width(), height() - 1);
+}
+
+StatusPanel::StatusPanel(QWidget* parent) : QLabel(parent) {
+    setFrameStyle(QFrame::Panel | QFrame::Sunken);
+    setTextFormat(Qt::PlainText);
+}
+
+void StatusPanel::SetWidth(int pixels, bool fixed) {
+    wantedWidth = pixels;
+    fixedWidth = fixed;
+}
+
+void StatusPanel::SetContents(const QString& text, const QIcon& icon) {
+    fullText = text;
+    picture = icon;
+    ShowContents();
+}
+
+void StatusPanel::ShowContents() {
+    const QRect inside = contentsRect();
+    if (picture.isNull()) {
+        const int room = inside.width() - 2 * Margin;
+        setText(fontMetrics().elidedText(fullText, Qt::ElideRight, room));
+        return;
+    }
+    const int side = std::min(inside.width(), inside.height());
+    setAlignment(Qt::AlignCenter);
+    setPixmap(picture.pixmap(QSize(side, side), devicePixelRatioF()));
+}
+
+void StatusStrip::Arrange() {
+    int fixedRoom = 0;
+    int textWidths = 0;
+    for (const StatusPanel* panel : panels) {
+        if (panel->isHidden()) continue;
+        (panel->HasFixedWidth() ? fixedRoom : textWidths) += panel->WantedWidth();
+    }
+    const int textRoom = std::max(0, width() - fixedRoom);
+    int x = 0;
+    int textsBefore = 0;
+    for (StatusPanel* panel : panels) {
+        if (panel->isHidden()) continue;
+        int panelWidth = panel->WantedWidth();
+        if (!panel->HasFixedWidth() && textWidths > 0) {
+            // From sums, so that roundings do not add up.
+            const int begin = textRoom * textsBefore / textWidths;
+            textsBefore += panel->WantedWidth();
+            panelWidth = textRoom * textsBefore / textWidths - begin;
+        }
+        panel->setGeometry(x, 0, panelWidth, height());
+        x += panelWidth;
+    }
+}
+
+}  // namespace cumeron

@@ -1,0 +1,22 @@
+// Message boxes and the beep of the desktop. Part of the host platform.
+#pragma once
+
+#include <functional>
+
+#include "platform/platform.h"
+
+class QWidget;
+
+namespace cumeron {
+
+class HostDialogs : public Dialogs {
+public:
+    Answer MessageBox(const std::string& text, BoxButtons buttons) override;
+    void Beep() override;
+
+    // The window that boxes stand in front of and its title; set by the view.
+    std::function<QWidget*()> Owner;
+    std::function<std::string()> Title;
+};
+
+}  // namespace cumeron

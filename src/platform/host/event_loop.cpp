@@ -1,0 +1,30 @@
+#include "platform/host/event_loop.h"
+
+namespace cumeron {
+namespace {
+
+constexpr int LongestSleep = 10;  // ms
+
+}  // namespace
+
+HostEventLoop::HostEventLoop() {
+    waker.setSingleShot(true);
+    waker.setTimerType(Qt::PreciseTimer);
+    waker.setInterval(LongestSleep);
+}
+
+bool HostEventLoop::Turn() {
+    if (BeforeTurn) BeforeTurn();
+    return loop.processEvents(QEventLoop::AllEvents);
+}
+
+void HostEventLoop::DoEvents() { Turn(); }
+
+void HostEventLoop::WaitEvents() {
+    if (Turn()) return;
+    waker.start();
+    loop.processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
+    waker.stop();
+}
+
+}  // namespace cumeron

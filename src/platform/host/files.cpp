@@ -1,0 +1,187 @@
+#include "platform/host/files.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <sys/statvfs.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdlib>
+#include <filesystem>
+#include <utility>
+
+#include "platform/host/unicode.h"
+#include "platform/runtime/errors.h"
+
+namespace cumeron {
+namespace {
+
+namespace fs = std::filesystem;
+
+[[noreturn]] void Fail(int systemCode) {
+    throw RuntimeError(FileErrorNumber(systemCode), systemCode);
+}
+
+// ENOENT stands for a missing folder as well as for a missing file.
+[[noreturn]] void FailToOpen(const std::string& path, int systemCode) {
+    const fs::path folder = fs::path(path).parent_path();
+    std::error_code ignored;
+    const bool folderMissing = !folder.empty() && !fs::is_directory(folder, ignored);
+    throw RuntimeError(systemCode == ENOENT && folderMissing ? 76 : FileErrorNumber(systemCode),
+                       systemCode);
+}
+
+// A file descriptor that closes itself.
+class Descriptor {
+public:
+    Descriptor(const std::string& path, int flags)
+        : number(::open(path.c_str(), flags | O_CLOEXEC, 0666)) {}
+    ~Descriptor() {
+        if (number >= 0) ::close(number);
+    }
+    Descriptor(const Descriptor&) = delete;
+    Descriptor& operator=(const Descriptor&) = delete;
+    int Number() const { return number; }
+    // Some file systems tell only now that the disk is full.
+    void Close() {
+        if (::close(std::exchange(number, -1)) != 0) Fail(errno);
+    }
+
+private:
+    int number;
+};
+
+void WriteAll(int descriptor, std::string_view text) {
+    while (!text.empty()) {
+        const ssize_t written = ::write(descriptor, text.data(), text.size());
+        if (written >= 0) {
+            text.remove_prefix(static_cast<std::size_t>(written));
+        } else if (errno != EINTR) {
+            Fail(errno);
+        }
+    }
+}
+
+std::string ReadAll(int descriptor) {
+    std::string text;
+    char block[65536];
+    for (;;) {
+        const ssize_t count = ::read(descriptor, block, sizeof block);
+        if (count > 0) {
+            text.append(block, static_cast<std::size_t>(count));
+        } else if (count == 0) {
+            return text;
+        } else if (errno != EINTR) {
+            Fail(errno);
+        }
+    }
+}
+
+// The new contents beside the old file, safe on the disk.
+void WriteBeside(const std::string& temporary, const std::string& path, std::string_view text) {
+    Descriptor file(temporary, O_WRONLY | O_CREAT | O_TRUNC);
+    if (file.Number() < 0) FailToOpen(temporary, errno);
+    struct stat old {};
+    if (::stat(path.c_str(), &old) == 0) ::fchmod(file.Number(), old.st_mode & 07777);
+    WriteAll(file.Number(), text);
+    if (::fsync(file.Number()) != 0) Fail(errno);
+    file.Close();
+}
+
+// So that the new name outlives a power failure; a file system that cannot sync a folder has done
+// what it can.
+void SyncFolder(const std::string& folder) {
+    const Descriptor descriptor(folder, O_RDONLY | O_DIRECTORY);
+    if (descriptor.Number() >= 0) ::fsync(descriptor.Number());
+}
+
+// The file itself where the name is a link to it.
+std::string ResolveLink(const std::string& path) {
+    std::error_code error;
+    const fs::path real = fs::canonical(path, error);
+    return error ? path : real.string();
+}
+
+}  // namespace
+
+int FileErrorNumber(int systemCode) {
+    switch (systemCode) {
+        case ENOENT:
+            return 53;
+        case EIO:
+        case ENXIO:
+            return 57;
+        case ENOSPC:
+        case EDQUOT:
+        case EFBIG:
+            return 61;
+        case EACCES:
+        case EPERM:
+        case EROFS:
+        case ETXTBSY:
+            return 70;
+        case ENOTDIR:
+            return 76;
+        default:
+            return 75;
+    }
+}
+
+std::string HostFiles::SettingsFolder() const {
+    // A relative path there counts as unset.
+    const char* config = std::getenv("XDG_CONFIG_HOME");
+    if (config != nullptr && *config == '/') {
+        const std::string folder = fs::path(config).lexically_normal().string();
+        return folder + (folder.back() == '/' ? "cumeron" : "/cumeron");
+    }
+    const char* home = std::getenv("HOME");
+    return std::string(home != nullptr ? home : "") + "/.config/cumeron";
+}
+
+bool HostFiles::Exists(const std::string& name) {
+    return ::access(ToFileName(name).c_str(), F_OK) == 0;
+}
+
+std::string HostFiles::Read(const std::string& name) {
+    const std::string path = ToFileName(name);
+    const Descriptor file(path, O_RDONLY);
+    if (file.Number() < 0) FailToOpen(path, errno);
+    return ReadAll(file.Number());
+}
+
+void HostFiles::Append(const std::string& name, std::string_view text) {
+    const std::string path = ToFileName(name);
+    Descriptor file(path, O_WRONLY | O_CREAT | O_APPEND);
+    if (file.Number() < 0) FailToOpen(path, errno);
+    WriteAll(file.Number(), text);
+    file.Close();
+}
+
+void HostFiles::Replace(const std::string& name, std::string_view text) {
+    const std::string path = ResolveLink(ToFileName(name));
+    const fs::path parent = fs::path(path).parent_path();
+    const std::string folder = parent.empty() ? "." : parent.string();
+    std::error_code error;
+    fs::create_directories(folder, error);
+    if (error) Fail(error.value());
+    // A renaming would get past the protection of the file itself.
+    if (::access(path.c_str(), F_OK) == 0 && ::access(path.c_str(), W_OK) != 0) Fail(errno);
+
+    const std::string temporary = path + "." + std::to_string(::getpid()) + ".new";
+    try {
+        WriteBeside(temporary, path, text);
+        if (::rename(temporary.c_str(), path.c_str()) != 0) Fail(errno);
+    } catch (...) {
+        ::unlink(temporary.c_str());
+        throw;
+    }
+    SyncFolder(folder);
+}
+
+std::optional<double> HostFiles::FreeDiskSpace(const std::string& drive) {
+    struct statvfs space {};
+    if (::statvfs(ToFileName(drive).c_str(), &space) != 0) return std::nullopt;
+    return static_cast<double>(space.f_bavail) * static_cast<double>(space.f_frsize);
+}
+
+}  // namespace cumeron

@@ -1,0 +1,24 @@
+// The file system of the machine. Part of the host platform.
+#pragma once
+
+#include "platform/files.h"
+
+namespace cumeron {
+
+// The run-time error for a refusal of the system: 53 missing file, 57 device error, 61 full,
+// 70 not permitted, 76 missing folder, 75 anything else.
+int FileErrorNumber(int systemCode);
+
+class HostFiles : public Files {
+public:
+    PathStyle Style() const override { return PathStyle::Posix; }
+    // $XDG_CONFIG_HOME/cumeron or ~/.config/cumeron, in the bytes of the file system.
+    std::string SettingsFolder() const override;
+    bool Exists(const std::string& name) override;
+    std::string Read(const std::string& name) override;
+    void Append(const std::string& name, std::string_view text) override;
+    void Replace(const std::string& name, std::string_view text) override;
+    std::optional<double> FreeDiskSpace(const std::string& drive) override;
+};
+
+}  // namespace cumeron

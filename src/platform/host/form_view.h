@@ -1,0 +1,99 @@
+// One form on the desktop: its window and a widget for each control of its record, found by name.
+// The widgets follow the records; what the operator does comes back as calls of handlers. The host
+// view makes one per form.
+#pragma once
+
+#include <QPointer>
+#include <functional>
+#include <map>
+#include <memory>
+#include <vector>
+
+#include "platform/form.h"
+#include "platform/host/bars.h"
+#include "platform/host/form_window.h"
+#include "platform/surface.h"
+
+namespace cumeron {
+
+// How a form view reaches the program: everything it calls goes through here.
+struct ViewCalls {
+    // Runs the step as an event and brings all views in line afterwards.
+    std::function<void(const Handler&)> run;
+};
+
+// Heights of the bars in pixels, for forms that have them.
+struct BarHeights {
+    std::function<double()> toolBar;
+    std::function<double()> statusBar;
+};
+
+class FormView : public QObject {
+public:
+    FormView(Form& form, ViewCalls calls, BarHeights heights);
+    ~FormView() override;
+
+    // Brings the window and its widgets in line with the records.
+    void Sync();
+    // Has the surfaces painted that have changed.
+    void SyncSurfaces();
+
+    FormWindow& Window() { return *window; }
+
+private:
+    struct Place {
+        double left = 0, top = 0, width = 0, height = 0;
+    };
+
+    void Bind(const NamedControl& named, Label& record);
+    void Bind(const NamedControl& named, Frame& record);
+    void Bind(const NamedControl& named, Button& record);
+    void Bind(const NamedControl& named, MenuEntry& record);
+    void Bind(const NamedControl& named, ToolButton& record);
+    void Bind(const NamedControl& named, Panel& record);
+    void Bind(const NamedControl& named, Image& record);
+    void Bind(const NamedControl& named, TextBox& record);
+    void Bind(const NamedControl& named, Surface& record);
+    void Bind(const NamedControl&, Timer&) {}  // the host view's
+
+    void BindAll();
+    void BindWindow();
+    QWidget* ParentOf(const NamedControl& named) const;
+    // Name, place, visibility and tool tip, which every placed control has.
+    void Follow(const NamedControl& named, Control& record, QWidget* widget);
+    void ClickOnRelease(Control& record, QWidget* widget);
+    void BindMenu(MenuEntry& record, QMenu* menu);
+    void BindAction(MenuEntry& record, QAction* action);
+    void SyncWindow();
+    void SyncPlace();
+    void SyncVisible();
+    void SyncBars();
+    void Run(const Handler& handler);
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+    Form& form;
+    ViewCalls calls;
+    BarHeights heights;
+    std::unique_ptr<FormWindow> window;
+    ControlList controls;
+    std::vector<std::function<void()>> steps;         // one or more per control
+    std::vector<std::function<void()>> surfaceSteps;  // one per surface
+    std::map<std::string, QWidget*> containers;       // frames, by name
+    std::map<std::string, QMenu*> menus;
+    std::map<QObject*, Control*> clickable;
+    ToolStrip* toolStrip = nullptr;
+    StatusStrip* statusStrip = nullptr;
+
+    // What the window was told or has told last; only a record that differs touches it.
+    std::string shownCaption;
+    Place shownPlace;
+    int shownState = 0;
+    unsigned shownFront = 0;
+    bool shownTopMost = false;
+    int shownPointer = 0;
+};
+
+// The icon of that name, none when there is none.
+QIcon IconOf(const std::string& name);
+
+}  // namespace cumeron

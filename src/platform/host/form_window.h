@@ -1,0 +1,50 @@
+// The top-level window of a form: a client area of exact size, above it the menu bar if there is
+// one. It tells what the desktop and the operator do to it; the form view owns it.
+#pragma once
+
+#include <QMenuBar>
+#include <QTimer>
+#include <QWidget>
+#include <functional>
+
+namespace cumeron {
+
+class FormWindow : public QWidget {
+public:
+    explicit FormWindow(bool withMenuBar);
+
+    QWidget* Client() const { return client; }
+    QMenuBar* MenuBar() const { return menuBar; }
+
+    void ResizeClient(const QSize& size);
+    // Moves the frame there, or as near as it stays in sight. Not told to Moved.
+    void Place(const QPoint& position);
+    void ShowState(int state);  // 0 normal, 1 minimised, 2 maximised
+    int State() const;
+    void BringToFront();
+    void SetTopMost(bool on);
+
+    // From the desktop: the client's size, the frame's place after the operator moved it, the
+    // window state, and the close box.
+    std::function<void(QSize)> Resized;
+    std::function<void(QPoint)> Moved;
+    std::function<void(int state)> StateChanged;
+    std::function<void()> CloseAsked;
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void moveEvent(QMoveEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+
+private:
+    QMenuBar* menuBar = nullptr;
+    QWidget* client;
+    QTimer settling;  // runs while the desktop answers to the program's own placing
+};
+
+// The nearest place to that of the frame at which its title can be seen and reached.
+QPoint InSight(const QPoint& position, const QList<QRect>& screens);
+
+}  // namespace cumeron

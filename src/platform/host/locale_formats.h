@@ -1,0 +1,17 @@
+// The date and time of the operator's locale in the letters of the program's formats.
+#pragma once
+
+#include <QString>
+#include <string>
+
+namespace cumeron {
+
+// From "d.M.yy" and the like: its order and separators, with two digits for day and month and four
+// for the year, so that the year is never in doubt. "dd.mm.yyyy" where a part is missing.
+std::string ShortDateFormat(const QString& pattern);
+// From "h:mm:ss AP t" and the like: always 24 hours, with the locale's separators.
+std::string LongTimeFormat(const QString& pattern);
+// Tells the core the formats of the system's locale.
+void UseLocaleFormats();
+
+}  // namespace cumeron

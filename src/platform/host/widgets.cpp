@@ -1,0 +1,134 @@
+#include "platform/host/widgets.h"
+
+#include <QFile>
+#include <QImage>
+#include <QKeyEvent>
+#include <QMimeData>
+#include <QPainter>
+#include <QSvgRenderer>
+
+#include "platform/host/colours.h"
+#include "platform/host/unicode.h"
+
+namespace cumeron {
+namespace {
+
+constexpr int SmallestFont = 8;  // pixels
+constexpr char16_t ControlPictures = 0x2400;
+constexpr int BackspaceCode = 8, DeleteCode = 127;
+
+bool IsKept(char16_t c) { return c == '\r' || c == '\n' || c == '\t'; }
+
+// A key that would change the text, as the code of the gate; 0 for all others.
+int CodeOfKey(const QKeyEvent& event) {
+    if (event.key() == Qt::Key_Backspace) return BackspaceCode;
+    if (event.key() == Qt::Key_Delete || event.matches(QKeySequence::Cut)) return DeleteCode;
+    const QString text = event.text();
+    if (text.isEmpty() || (text[0].unicode() < ' ' && !IsKept(text[0].unicode()))) return 0;
+    return static_cast<unsigned char>(FromUnicode(text)[0]);
+}
+
+}  // namespace
+
+SurfaceWidget::SurfaceWidget(const Surface& surface, QWidget* parent)
+    : QWidget(parent), record(surface) {
+    setAttribute(Qt::WA_OpaquePaintEvent);
+}
+
+void SurfaceWidget::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    const std::uint32_t* pixels = record.Pixels();
+    const int columns = record.PixelWidth();
+    const int rows = record.PixelHeight();
+    painter.fillRect(rect(), ToColour(record.BackColor));
+    if (columns <= 0 || rows <= 0) return;
+    const QImage image(reinterpret_cast<const uchar*>(pixels), columns, rows, columns * 4,
+                       QImage::Format_RGB32);
+    painter.drawImage(QRect(0, 0, columns, rows), image);
+}
+
+void PictureWidget::SetPicture(const QString& name) {
+    QFile file(":/icons/" + name + ".svg");
+    drawing = file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    update();
+}
+
+void PictureWidget::paintEvent(QPaintEvent*) {
+    if (drawing.isEmpty()) return;
+    QByteArray coloured = drawing;
+    coloured.replace("currentColor", palette().color(QPalette::WindowText).name().toLatin1());
+    QPainter painter(this);
+    QSvgRenderer renderer(coloured);
+    renderer.setAspectRatioMode(Qt::KeepAspectRatio);
+    renderer.render(&painter, rect());
+}
+
+void FittingLabel::SetFontPixels(int pixels, bool bold) {
+    wantedPixels = pixels;
+    QFont face = font();
+    face.setBold(bold);
+    setFont(face);
+    Fit();
+}
+
+void FittingLabel::Fit() {
+    QFont face = font();
+    for (int pixels = wantedPixels; pixels >= SmallestFont; --pixels) {
+        face.setPixelSize(pixels);
+        const QFontMetrics metrics(face);
+        if (metrics.horizontalAdvance(text()) <= width() && metrics.ascent() <= height()) break;
+    }
+    setFont(face);
+}
+
+GatedTextEdit::GatedTextEdit(QWidget* parent) : QPlainTextEdit(parent) {
+    setTabChangesFocus(true);
+    setUndoRedoEnabled(false);
+}
+
+void GatedTextEdit::keyPressEvent(QKeyEvent* event) {
+    const int code = Gate ? CodeOfKey(*event) : 0;
+    if (code == 0) {
+        QPlainTextEdit::keyPressEvent(event);
+        return;
+    }
+    const int used = Gate(code);
+    if (used == code) {
+        QPlainTextEdit::keyPressEvent(event);
+    } else if (used != 0) {
+        insertPlainText(ToUnicode(std::string(1, static_cast<char>(used))));
+    }
+}
+
+void GatedTextEdit::insertFromMimeData(const QMimeData* source) {
+    if (Gate) {
+        InsertThroughGate(source->text());
+    } else {
+        QPlainTextEdit::insertFromMimeData(source);
+    }
+}
+
+void GatedTextEdit::InsertThroughGate(const QString& text) {
+    std::string passed;
+    for (const char c : FromUnicode(text)) {
+        if (const int used = Gate(static_cast<unsigned char>(c))) passed += static_cast<char>(used);
+    }
+    insertPlainText(ToUnicode(passed));
+}
+
+QString WithControlPictures(QString text) {
+    for (QChar& c : text) {
+        if (c.unicode() < ' ' && !IsKept(c.unicode())) c = QChar(ControlPictures + c.unicode());
+    }
+    return text;
+}
+
+QString WithoutControlPictures(QString text) {
+    for (QChar& c : text) {
+        const unsigned code = c.unicode() - unsigned{ControlPictures};
+        if (code < ' ') c = QChar(code);
+    }
+    return text;
+}
+
+}  // namespace cumeron
