@@ -31,10 +31,18 @@ void CollectArrival(Workstation& w, double now) {
     ++w.intake.IntervalSeekState;
 }
 
+// kept: what the settings hold is divided and multiplied back with every look at it, so that an
+// interval that the factor does not divide comes out rounded to a multiple.
+std::int16_t RoundedInterval(Workstation& w) {
+    const std::int16_t raw = RawInterval(w);
+    w.settings.Message_Interval = Multiply16(raw, CompressFactor(w.settings));
+    return raw;
+}
+
 // A known interval changes only after two further messages in a row have confirmed it.
 void WatchInterval(Workstation& w, double now) {
     IntakeState& intake = w.intake;
-    const std::int16_t known = RawInterval(w);
+    const std::int16_t known = RoundedInterval(w);
     const std::int32_t seconds = DateDiffSeconds(intake.IntervalTimes[0], now);
     // Before anything can fail: after a silence longer than 16 bits count, only one message is
     // lost to the overflow and not every one that follows.
@@ -62,7 +70,7 @@ void DecideInterval(Workstation& w) {
         intake.IntervalSeekState = Deciding - 1;
         return;
     }
-    if (first != RawInterval(w)) {
+    if (first != RoundedInterval(w)) {
         const std::int16_t seconds = ToInt16(static_cast<double>(first));
         SetActionPanel(w, "MSG Interval: " + StrOf(seconds) + "s");
         intake.IntervalCandidate = seconds;
