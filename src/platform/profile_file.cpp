@@ -10,7 +10,8 @@ namespace cumeron {
 namespace {
 
 constexpr std::size_t LongestValue = 2047;
-constexpr std::string_view Blanks = " \t";
+// A line end that was converted twice leaves a second carriage return, which is a blank too.
+constexpr std::string_view Blanks = " \t\r";
 // Some editors put this mark before the first line of what they save.
 constexpr std::string_view ByteOrderMark = "\xEF\xBB\xBF";
 

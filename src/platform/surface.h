@@ -24,7 +24,7 @@ struct PrintedText {
 
 // Paints text into a bitmap; the host has fonts, the scripted platform paints nothing.
 class TextPainter {
-  public:
+public:
     virtual ~TextPainter() = default;
     virtual void Paint(Surface& surface, const PrintedText& text) = 0;
     virtual int TextWidth(const std::string& text) = 0;  // pixels
@@ -72,7 +72,7 @@ struct Surface : Control {
     unsigned Changes() const;
     const std::vector<PrintedText>& Printed() const;
 
-  private:
+private:
     struct PixelPoint {
         std::int64_t x, y;
     };

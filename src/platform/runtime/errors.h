@@ -12,7 +12,7 @@ namespace cumeron {
 std::string ErrorText(int number);
 
 class RuntimeError : public std::exception {
-  public:
+public:
     explicit RuntimeError(int number, int systemCode = 0);
     // With a text of the platform's own, such as what to do about a missing permission.
     RuntimeError(int number, std::string text, int systemCode = 0);
@@ -21,7 +21,7 @@ class RuntimeError : public std::exception {
     int Number;
     int SystemCode;  // last error code of the operating system, 0 if none
 
-  private:
+private:
     std::string text;
 };
 
