@@ -1,0 +1,450 @@
+#include "shell/main_window.h"
+
+#include <gtest/gtest.h>
+
+#include <map>
+#include <set>
+
+#include "platform/runtime/errors.h"
+#include "platform/scripted/scripted_machine.h"
+#include "workstation.h"
+
+namespace cumeron {
+namespace {
+
+struct Program {
+    explicit Program(const std::string& lines = "") {
+        machine.files.Put("C:\\WINDOWS\\CUMERON1.INI", "[CUMERON]\r\n" + lines);
+        machine.Start("");
+        machine.Advance(MicrosPerSecond);
+    }
+    Workstation& W() { return *machine.Program(); }
+    FrmMain& Form() { return W().frmMain; }
+    void Click(Control& control) {
+        machine.Enter([&] { control.Click(W()); });
+    }
+    void Resize(double width, double height) { ResizeForm(W(), Form(), width, height); }
+
+    ScriptedMachine machine;
+};
+
+template <class T>
+T* Find(FrmMain& form, const std::string& parent, const std::string& name) {
+    for (const NamedControl& line : form.Controls()) {
+        if (line.parent == parent && line.name == name) return std::get<T*>(line.control);
+    }
+    return nullptr;
+}
+
+TEST(MainWindow, ListsEachControlOnceUnderAParentThatIsThere) {
+    FrmMain form;
+    std::set<std::tuple<std::string, std::string, int>> names;
+    std::set<std::string> parents = {"", "Toolbar1", "sbaStatus"};
+    for (const NamedControl& line : form.Controls()) {
+        EXPECT_TRUE(names.insert({line.parent, line.name, line.index}).second) << line.name;
+        if (line.parent.empty()) parents.insert(line.name);
+    }
+    for (const NamedControl& line : form.Controls()) {
+        EXPECT_TRUE(parents.contains(line.parent)) << line.name;
+    }
+    EXPECT_EQ(names.size(), 39U + 18 + 11 + 4 + 4 + 9 + 2 + 6 + 2);
+}
+
+TEST(MainWindow, EachEntryAndButtonDoesSomething) {
+    FrmMain form;
+    std::set<std::string> menus;
+    for (const NamedControl& line : form.Controls()) menus.insert(line.parent);
+    for (const NamedControl& line : form.Controls()) {
+        if (const auto* entry = std::get_if<MenuEntry*>(&line.control)) {
+            EXPECT_NE(static_cast<bool>((*entry)->Click), menus.contains(line.name)) << line.name;
+            EXPECT_NE((*entry)->Caption.find('&'), std::string::npos) << line.name;
+        }
+        if (const auto* button = std::get_if<ToolButton*>(&line.control)) {
+            EXPECT_TRUE((*button)->Click) << line.name;
+            EXPECT_FALSE((*button)->ToolTipText.empty()) << line.name;
+        }
+    }
+}
+
+TEST(MainWindow, MnemonicsOfTheMenuBarAreDistinct) {
+    FrmMain form;
+    std::set<char> letters;
+    for (const MenuEntry* menu : {&form.mnuMode, &form.mnuEdit, &form.mnuLog, &form.mnuShow,
+                                  &form.mnuTerminal, &form.mnuHelp}) {
+        EXPECT_TRUE(letters.insert(menu->Caption.at(menu->Caption.find('&') + 1)).second);
+    }
+}
+
+TEST(MainWindow, DesignMarksAndStates) {
+    FrmMain form;
+    const std::set<const MenuEntry*> checked = {&form.mnuClosePort, &form.mnuLogOff,
+                                                &form.mnuSaveSettings, &form.mnuCloudhit};
+    const auto& bar = form.Toolbar1;
+    const std::set<const ToolButton*> disabled = {&bar.Start, &bar.Back, &bar.Forward,
+                                                  &bar.Play,  &bar.Stop, &bar.CloseFile};
+    const std::set<const ToolButton*> checkStyle = {
+        &bar.CloudHit, &bar.CloudIntensity, &bar.BackScat, &bar.Split,
+        &bar.OpenPort, &bar.ClosePort,      &bar.Log};
+    for (const NamedControl& line : form.Controls()) {
+        if (const auto* entry = std::get_if<MenuEntry*>(&line.control)) {
+            EXPECT_EQ((*entry)->Checked, checked.contains(*entry)) << line.name;
+        }
+        if (const auto* button = std::get_if<ToolButton*>(&line.control)) {
+            EXPECT_NE((*button)->Enabled, disabled.contains(*button)) << line.name;
+            EXPECT_EQ((*button)->CheckStyle, checkStyle.contains(*button)) << line.name;
+        }
+    }
+    EXPECT_EQ(form.sbaStatus.Log.Text, "LOG OFF");
+    EXPECT_EQ(form.sbaStatus.Log.ToolTipText, "LOG OFF");
+    EXPECT_EQ(form.sbaStatus.Errors.Text, "OFF-Line");
+    EXPECT_TRUE(form.tmrClock.Enabled());
+    EXPECT_TRUE(form.tmrClock.KeepsGrid);
+    EXPECT_FALSE(form.ResizeTimer.Enabled());
+}
+
+TEST(MainWindow, PicturesAndTheirEmptyTwinsHaveOneWidth) {
+    FrmMain form;
+    for (const char* key : {"Errors_Image", "Status_Image", "Battery_Image"}) {
+        const Panel* picture = Find<Panel>(form, "sbaStatus", key);
+        const Panel* twin = Find<Panel>(form, "sbaStatus", std::string(key) + "_Void");
+        EXPECT_EQ(picture->Width, twin->Width) << key;
+        EXPECT_NE(picture->Visible, twin->Visible) << key;
+        EXPECT_FALSE(picture->Picture.empty()) << key;
+    }
+}
+
+TEST(MainWindow, ResetPutsEverythingBack) {
+    FrmMain form;
+    TextPainter* const painter = reinterpret_cast<TextPainter*>(&form);
+    form.picLines.painter = painter;
+    form.mnuOpenPort.Checked = true;
+    form.mnuLogOff.Checked = false;
+    form.Toolbar1.Log.Value = 1;
+    form.sbaStatus.Action.Text = "busy";
+    form.CloudValue[1].Caption = "01230";
+    form.lblCT.Caption = "KN30";
+    form.picLines.Width = 700;
+    form.imgYaxisM.Visible = true;
+    form.fraValues.ForeColor = 255;
+    form.LastWindowState = 1;
+    form.Loaded = form.Visible = true;
+    form.tmrClock.SetEnabled(false);
+    form.Reset();
+    EXPECT_FALSE(form.mnuOpenPort.Checked);
+    EXPECT_TRUE(form.mnuLogOff.Checked);
+    EXPECT_EQ(form.Toolbar1.Log.Value, 0);
+    EXPECT_EQ(form.sbaStatus.Action.Text, "");
+    EXPECT_EQ(form.CloudValue[1].Caption, "");
+    EXPECT_EQ(form.lblCT.Caption, "");
+    EXPECT_EQ(form.picLines.Width, 10);
+    EXPECT_FALSE(form.imgYaxisM.Visible);
+    EXPECT_EQ(form.fraValues.ForeColor, 0);
+    EXPECT_EQ(form.LastWindowState, 0);
+    EXPECT_FALSE(form.Loaded || form.Visible);
+    EXPECT_TRUE(form.tmrClock.Enabled());
+    EXPECT_EQ(form.picLines.painter, painter);
+}
+
+TEST(MainWindow, WhatIsNotThereYetSaysSo) {
+    Program program;
+    const std::pair<Control*, const char*> cases[] = {
+        {&program.Form().mnuOpenTerminal, "The terminal is not part of this version yet."},
+        {&program.Form().mnuPrintGraph, "Printing the graph is not part of this version yet."},
+        {&program.Form().Toolbar1.Grid, "The grid is not part of this version yet."},
+    };
+    for (const auto& [control, text] : cases) {
+        program.Click(*control);
+        EXPECT_EQ(program.machine.dialogs.TakeBox(), text);
+    }
+}
+
+TEST(MainWindow, LogButtonComesUpAgainWithoutALog) {
+    Program program;
+    ToolButton& button = program.Form().Toolbar1.Log;
+    button.Value = 1;
+    program.Click(button);
+    EXPECT_EQ(button.Value, 0);
+    EXPECT_EQ(program.machine.dialogs.TakeBox(), "The log is not part of this version yet.");
+}
+
+TEST(MainWindow, AutomaticPrintTurnsItsMark) {
+    Program program;
+    program.Click(program.Form().mnuAutoPrint);
+    EXPECT_TRUE(program.Form().mnuAutoPrint.Checked);
+    program.Click(program.Form().mnuAutoPrint);
+    EXPECT_FALSE(program.Form().mnuAutoPrint.Checked);
+}
+
+TEST(MainWindow, ClickBelowTheTimeAxisSeeksTheIntervalAnew) {
+    Program program;
+    program.W().intake.IntervalSeekState = 4;
+    program.Click(program.Form().lblXaxis);
+    EXPECT_EQ(program.W().intake.IntervalSeekState, 0);
+}
+
+// The layout, in pixels. Shared constants of the design: axis title 24, y labels 44, values 200,
+// x labels 34, title below 20, status bar 28.
+TEST(Layout, FillsTheWindow) {
+    const struct {
+        const char* what;
+        double width, height;
+        double graphWidth, graphHeight;
+    } cases[] = {
+        {"large", 1024, 768, 1024 - 16 - 200 - 44 - 24, 768 - 1 - 95 - 20 - 34 - 28},
+        {"usable", 800, 600, 516, 422},
+        {"smallest", 20, 20, 10, 5},
+    };
+    for (const auto& c : cases) {
+        Program program;
+        program.Resize(c.width, c.height);
+        const FrmMain& form = program.Form();
+        for (const Surface* graph : {&form.picCombination, &form.picLines}) {
+            EXPECT_EQ(graph->Left, 68) << c.what;
+            EXPECT_EQ(graph->Top, 95) << c.what;
+            EXPECT_EQ(graph->Width, c.graphWidth) << c.what;
+            EXPECT_EQ(graph->Height, c.graphHeight) << c.what;
+        }
+        for (const Surface* labels : {&form.picYLabels, &form.picYLabelsBack}) {
+            EXPECT_EQ(labels->Left, 24) << c.what;
+            EXPECT_EQ(labels->Top, 96) << c.what;
+            EXPECT_EQ(labels->Width, 44) << c.what;
+            EXPECT_EQ(labels->Height, c.graphHeight - 2) << c.what;
+        }
+        for (const Surface* labels : {&form.picXLabels, &form.picXLabelsBack}) {
+            EXPECT_EQ(labels->Left, 69) << c.what;
+            EXPECT_EQ(labels->Top, 95 + c.graphHeight) << c.what;
+            EXPECT_EQ(labels->Width, c.graphWidth - 2) << c.what;
+            EXPECT_EQ(labels->Height, 34) << c.what;
+        }
+        EXPECT_EQ(form.picPrintXlabel.Top, 95 + c.graphHeight) << c.what;
+        EXPECT_EQ(form.lblXaxis.Top, 95 + c.graphHeight + 34) << c.what;
+        EXPECT_EQ(form.lblXaxisBack.Top, form.lblXaxis.Top) << c.what;
+        EXPECT_EQ(form.lblXaxis.Left, 68 + c.graphWidth / 2 - 120) << c.what;
+        EXPECT_EQ(form.fraValues.Left, 68 + c.graphWidth + 10) << c.what;
+        EXPECT_EQ(form.fraSkyCond.Left, form.fraValues.Left) << c.what;
+        EXPECT_EQ(form.lblDateTime.Left + form.lblDateTime.Width, form.fraValues.Left + 200);
+        for (const Image* title :
+             {&form.imgYaxisFt, &form.imgYaxisM, &form.imgYaxisdisFT, &form.imgYaxisdisM}) {
+            EXPECT_EQ(title->Top, 95 + c.graphHeight / 2 - 80) << c.what;
+        }
+        EXPECT_EQ(form.picPrintAltitude.Top, 95 + c.graphHeight / 2 - 80) << c.what;
+    }
+}
+
+TEST(Layout, StaysInsideAWindowOfUsableSize) {
+    Program program;
+    program.Resize(800, 600);
+    const FrmMain& form = program.Form();
+    EXPECT_LE(form.fraValues.Left + form.fraValues.Width, 800);
+    EXPECT_LE(form.lblXaxis.Top + form.lblXaxis.Height, 600 - form.sbaStatus.Height);
+    EXPECT_LE(form.fraSkyCond.Top + form.fraSkyCond.Height, 600 - form.sbaStatus.Height);
+    EXPECT_GE(form.fraSkyCond.Top, form.fraValues.Top + form.fraValues.Height);
+    EXPECT_GE(form.lblDateTime.Left, form.lblCT.Left + form.lblCT.Width);
+    EXPECT_LE(form.CloudValue[2].Top + form.CloudValue[2].Height, form.fraValues.Height);
+    double width = 0;
+    for (const NamedControl& line : program.Form().Controls()) {
+        const auto* panel = std::get_if<Panel*>(&line.control);
+        if (panel != nullptr && (*panel)->Visible) width += (*panel)->Width;
+    }
+    EXPECT_LE(width, 800);
+}
+
+TEST(Layout, TooLargeForSixteenBitsIsAnError) {
+    Program program;
+    program.Form().Width = 15.0 * 40000;
+    EXPECT_THROW(Form_Resize(program.W()), RuntimeError);
+}
+
+TEST(Layout, MinimisingAndRestoringLaysNothingOut) {
+    Program program;
+    FrmMain& form = program.Form();
+    form.picCombination.Width = 1;  // a layout would change it
+    ChangeWindowState(program.W(), form, 1);
+    ChangeWindowState(program.W(), form, 0);
+    EXPECT_EQ(form.picCombination.Width, 1);
+    EXPECT_FALSE(form.ResizeTimer.Enabled());
+    EXPECT_EQ(form.LastWindowState, 0);
+    ChangeWindowState(program.W(), form, 2);
+    EXPECT_GT(form.picCombination.Width, 1);
+    EXPECT_EQ(form.LastWindowState, 2);
+}
+
+TEST(Layout, EndsARepaintAndDropsThePicture) {
+    Program program;
+    Workstation& w = program.W();
+    for (const bool ready : {true, false}) {
+        w.graphs.GraphsReady = ready ? -1 : 0;
+        w.graphs.RedrawAbort = w.graphs.TimeLabelsDirty = w.graphs.HeightLabelsDirty = 0;
+        w.frmMain.picCombination.PSet(3, 3, 0x0000FF);
+        program.Resize(900, 650);
+        EXPECT_EQ(w.graphs.RedrawAbort, 1);
+        EXPECT_EQ(w.graphs.TimeLabelsDirty, ready ? -1 : 0);
+        EXPECT_EQ(w.graphs.HeightLabelsDirty, ready ? -1 : 0);
+        EXPECT_EQ(w.frmMain.picCombination.Pixel(3, 3), ready ? 0xFFFFFF : 0x0000FF);
+    }
+}
+
+TEST(SplitLayout, SharesTheWidthByTheRatio) {
+    const struct {
+        float ratio;
+        double cloud, profile;  // of 516 pixels
+    } cases[] = {{0.5F, 258, 258}, {0.25F, 129, 387}, {0.0F, 3, 516}, {1.0F, 516, 3}};
+    for (const auto& c : cases) {
+        Program program;
+        program.Click(program.Form().mnuSplitScreen);
+        program.W().settings.Split_Ratio = c.ratio;
+        program.Resize(800, 600);
+        const FrmMain& form = program.Form();
+        EXPECT_EQ(form.picCombination.Left, 68);
+        EXPECT_EQ(form.picCombination.Width, c.cloud);
+        EXPECT_EQ(form.picLines.Left, 68 + c.cloud);
+        EXPECT_EQ(form.picLines.Width, c.profile);
+        EXPECT_EQ(form.picSplitSizer.Left, 68 + c.cloud - 1);
+        EXPECT_EQ(form.picSplitSizer.Top, 95);
+        EXPECT_EQ(form.picSplitSizer.Height, 422);
+        EXPECT_EQ(form.picXLabels.Left, 69);
+        EXPECT_EQ(form.picXLabels.Width, c.cloud - 2);
+        EXPECT_EQ(form.picXLabelsBack.Left, form.picLines.Left + 1);
+        EXPECT_EQ(form.picXLabelsBack.Width, c.profile - 2);
+        EXPECT_EQ(form.lblXaxis.Left, 68 + c.cloud / 2 - 120);
+        EXPECT_EQ(form.lblXaxisBack.Left, form.picLines.Left + c.profile / 2 - 24);
+        EXPECT_EQ(form.fraValues.Left, 594);
+        EXPECT_EQ(program.W().graphs.RedrawAbort, 1);
+        EXPECT_TRUE(form.ResizeTimer.Enabled());
+    }
+}
+
+TEST(ResizeTimer, WaitsUntilTheSizeStandsStill) {
+    Program program;
+    FrmMain& form = program.Form();
+    program.machine.Advance(MicrosPerSecond);
+    ASSERT_FALSE(form.ResizeTimer.Enabled());
+    program.Resize(900, 650);
+    ResizeTimer_Tick(program.W());
+    EXPECT_TRUE(form.ResizeTimer.Enabled());
+    program.Resize(900, 651);
+    ResizeTimer_Tick(program.W());
+    EXPECT_TRUE(form.ResizeTimer.Enabled());
+    program.W().graphs.TimeLabelsDirty = program.W().graphs.HeightLabelsDirty = 0;
+    ResizeTimer_Tick(program.W());
+    EXPECT_FALSE(form.ResizeTimer.Enabled());
+    EXPECT_EQ(program.W().graphs.RedrawAbort, 0);
+    EXPECT_EQ(program.W().graphs.TimeLabelsDirty, -1);
+    EXPECT_EQ(program.W().graphs.HeightLabelsDirty, -1);
+    EXPECT_TRUE(form.tmrClock.Enabled());
+}
+
+TEST(ResizeTimer, LeavesTheClockOffWithAnOfflineFile) {
+    Program program;
+    program.Form().Toolbar1.CloseFile.Enabled = true;
+    program.Resize(900, 650);
+    program.machine.Advance(MicrosPerSecond);
+    EXPECT_FALSE(program.Form().ResizeTimer.Enabled());
+    EXPECT_FALSE(program.Form().tmrClock.Enabled());
+}
+
+TEST(ResizeTimer, ProfileViewHasNothingToRepaint) {
+    Program program;
+    program.Click(program.Form().mnuLinePlot);
+    program.machine.Advance(MicrosPerSecond);
+    program.Resize(900, 650);
+    EXPECT_FALSE(program.Form().ResizeTimer.Enabled());
+}
+
+// What a view shows, one letter each: c picCombination and its labels, p picLines and its x labels,
+// y picYLabelsBack, s the sizer; then the checked entries (i d p s) and the pressed buttons.
+std::string Shown(const FrmMain& form) {
+    std::string text;
+    const auto add = [&](bool shown, char letter) {
+        if (shown) text += letter;
+    };
+    add(form.picCombination.Visible && form.picXLabels.Visible && form.picYLabels.Visible, 'c');
+    add(form.picLines.Visible && form.picXLabelsBack.Visible, 'p');
+    add(form.picYLabelsBack.Visible, 'y');
+    add(form.picSplitSizer.Visible && form.picSplitSizer.Enabled, 's');
+    text += ' ';
+    add(form.mnuPoints.Checked, 'i');
+    add(form.mnuCloudhit.Checked, 'd');
+    add(form.mnuLinePlot.Checked, 'p');
+    add(form.mnuSplitScreen.Checked, 's');
+    text += ' ';
+    add(form.Toolbar1.CloudIntensity.Value == 1, 'i');
+    add(form.Toolbar1.CloudHit.Value == 1, 'd');
+    add(form.Toolbar1.BackScat.Value == 1, 'p');
+    add(form.Toolbar1.Split.Value == 1, 's');
+    return text;
+}
+
+TEST(Views, ShowCheckAndPressWhatIsTheirs) {
+    const struct {
+        const char* clicks;  // i d p s, from the start on
+        int mode;            // at the start
+        const char* shown;
+        int modeAfter;
+    } cases[] = {
+        {"", 0, "c i i", 0},        {"d", 0, "c d d", 1},     {"i", 1, "c i i", 0},
+        {"p", 0, "py p p", 0},      {"s", 0, "cps ips s", 0}, {"ds", 0, "cps dps s", 1},
+        {"si", 0, "c i i", 0},      {"sd", 0, "c d d", 1},    {"sp", 0, "py p p", 0},
+        {"ps", 0, "cpys ips s", 0}, {"psi", 0, "c i i", 0},   {"", 2, "c i id", 2},
+        {"d", 2, "c d id", 2},      {"s", 2, "cps ips s", 2}, {"pd", 0, "c d d", 1},
+    };
+    for (const auto& c : cases) {
+        Program program("Cloudmode=" + std::to_string(c.mode) + "\r\n");
+        FrmMain& form = program.Form();
+        const std::map<char, ToolButton*> buttons = {{'i', &form.Toolbar1.CloudIntensity},
+                                                     {'d', &form.Toolbar1.CloudHit},
+                                                     {'p', &form.Toolbar1.BackScat},
+                                                     {'s', &form.Toolbar1.Split}};
+        for (const char* click = c.clicks; *click != '\0'; ++click) {
+            program.Click(*buttons.at(*click));
+        }
+        EXPECT_EQ(Shown(form), c.shown) << c.clicks << " from mode " << c.mode;
+        EXPECT_EQ(program.W().settings.Cloudmode, c.modeAfter) << c.clicks;
+        EXPECT_EQ(program.W().graphs.PreviousCloudmode, c.modeAfter) << c.clicks;
+    }
+}
+
+TEST(Views, Rv10xDoesNotKeepUpThePreviousMode) {
+    Program program("CEILOMETER=10\r\n");
+    program.Click(program.Form().mnuCloudhit);
+    EXPECT_EQ(program.W().settings.Cloudmode, 1);
+    EXPECT_EQ(program.W().graphs.PreviousCloudmode, 0);
+}
+
+TEST(Views, CaptionsFollow) {
+    Program program;
+    FrmMain& form = program.Form();
+    program.Click(form.mnuLinePlot);
+    EXPECT_EQ(form.lblXaxis.Caption, "Backscatter (100*srad*km)^-1");
+    program.Click(form.mnuSplitScreen);
+    EXPECT_EQ(form.lblXaxis.Caption, "TIME (h)");
+    EXPECT_TRUE(form.lblXaxisBack.Visible);
+    program.Click(form.mnuPoints);
+    EXPECT_FALSE(form.lblXaxisBack.Visible);
+}
+
+TEST(Views, SplitGivesTheProfileTheRangeOfTheCloudGraphForGood) {
+    Program program(
+        "Clouds_Y_Low_Value=1000\r\nClouds_Y_High_Value=9000\r\nClouds_Y_User_Defined=-1\r\n"
+        "Step_Linear=2\r\n");
+    program.Click(program.Form().mnuSplitScreen);
+    program.Click(program.Form().mnuPoints);
+    const Settings& settings = program.W().settings;
+    EXPECT_EQ(settings.Backscatter_Y_Low_Value, 1000);
+    EXPECT_EQ(settings.Backscatter_Y_High_Value, 9000);
+    EXPECT_EQ(settings.Backscatter_Y_User_Defined, -1);
+    EXPECT_EQ(settings.Back_Step_Linear, 2);
+}
+
+TEST(Views, LeavingTheSplitLaysTheWindowOutAnew) {
+    for (const char* view : {"mnuPoints", "mnuCloudhit", "mnuLinePlot"}) {
+        Program program;
+        program.Click(program.Form().mnuSplitScreen);
+        ASSERT_NE(program.Form().picLines.Left, 68);
+        program.Click(*Find<MenuEntry>(program.Form(), "mnuShow", view));
+        EXPECT_EQ(program.Form().picLines.Left, 68) << view;
+    }
+}
+
+}  // namespace
+}  // namespace cumeron
