@@ -13,11 +13,11 @@ struct Workstation;
 
 struct ReadingsState {
     std::string AngleText;
-    std::int16_t AngleValue = 0;  // degrees, last numeric value seen
-    std::int16_t Tilted = 0;      // 1 when 14 degrees or more from vertical
-    std::string WindowCondition;  // KN family: percentage and verdict
+    std::int16_t AngleValue = 0;                  // degrees, last numeric value seen
+    std::int16_t Tilted = 0;                      // 1 when 14 degrees or more from vertical
+    std::string WindowCondition;                  // KN family: percentage and verdict
     std::array<std::int16_t, 12> StatusDigits{};  // first digit of the status word first
-    std::string StatusText;       // lines separated by CR
+    std::string StatusText;                       // lines separated by CR
 };
 
 // True for the messages of the RV family that carry an angle: those with a profile.
