@@ -18,8 +18,7 @@ struct FrmMain : Form {
     MenuEntry mnuEdit, mnuCopyPicture;
     MenuEntry mnuLog, mnuLogOn, mnuLogOff, mnuLogSettings;
     MenuEntry mnuShow, mnuLinePlot, mnuPoints, mnuCloudhit, mnuSplitScreen, mnuSkyCond,
-        mnuBackscatterSettings, mnuCloudSettings, mnuSkyCondSettings, mnuShowMessage,
-        mnuShowStatus;
+        mnuBackscatterSettings, mnuCloudSettings, mnuSkyCondSettings, mnuShowMessage, mnuShowStatus;
     MenuEntry mnuTerminal, mnuOpenTerminal;
     MenuEntry mnuHelp, mnuContents, mnuIndex, mnuAbout;
     // Toolbar1, by key
@@ -30,8 +29,8 @@ struct FrmMain : Form {
     double toolbarHeight = 0;  // pixels; the bar lies along the top of the client area
     // sbaStatus, by key
     struct StatusBar {
-        Panel Log, Errors, Errors_Image, Errors_Image_Void, Status, Status_Image,
-            Status_Image_Void, Action, Battery, Battery_Image, Battery_Image_Void;
+        Panel Log, Errors, Errors_Image, Errors_Image_Void, Status, Status_Image, Status_Image_Void,
+            Action, Battery, Battery_Image, Battery_Image_Void;
         double Height = 0;  // pixels; the bar lies along the foot of the client area
     } sbaStatus;
     // Title

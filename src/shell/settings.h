@@ -82,10 +82,9 @@ enum class LineProperty { Settings, CommPort };
 // Where a setting is held. The type also tells the form of its value in the file: a double of
 // Settings is a time of day ("06:00"), a float a fraction told in tenths ("5" is 0.5), a double
 // of the form a place in twips.
-using SettingPlace =
-    std::variant<std::string Settings::*, std::int16_t Settings::*, std::int32_t Settings::*,
-                 double Settings::*, float Settings::*, SettingElement, double Form::*, int Form::*,
-                 LineProperty>;
+using SettingPlace = std::variant<std::string Settings::*, std::int16_t Settings::*,
+                                  std::int32_t Settings::*, double Settings::*, float Settings::*,
+                                  SettingElement, double Form::*, int Form::*, LineProperty>;
 
 struct SettingRow {
     std::string_view key;

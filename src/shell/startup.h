@@ -14,7 +14,7 @@ struct ShellState {
     std::string SettingsFile;  // bare name, "CUMERON1.INI"
     std::string MainTitle;
     std::int16_t MessageWindowOn = 0;  // -1 while frmDebug is shown
-    bool startFailed = false;  // a bad value broke the start off: keys are unread
+    bool startFailed = false;          // a bad value broke the start off: keys are unread
 };
 
 // Form_Initialize, Form_Load, then the first show of frmMain with its Resize. Never throws but
