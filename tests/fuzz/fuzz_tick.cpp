@@ -70,6 +70,7 @@ void Run(std::string_view input) {
     const int code = codes[static_cast<unsigned char>(input.front()) % codes.size()];
     input.remove_prefix(1);
     ScriptedMachine machine;
+    machine.platform.screen = {40, 30};  // a short history, for speed
     machine.files.Put(machine.files.SettingsFolder() + "\\CUMERON1.INI",
                       "[CUMERON]\r\nModem_used=1\r\nModem_Initialization_String=ATD\r\n"
                       "Status_Log=1\r\nCEILOMETER=" +
