@@ -12,9 +12,14 @@ constexpr std::array<Table, 7> Tables = {
     CommandsBeforeStart, CommandsOfLine,         CommandsOfTime,   CommandsOfOperator,
     CommandsOfMachine,   CommandsOfExpectations, CommandsOfShowing};
 
+std::string ContentOfHostFile(const Session& session, const std::string& path) {
+    if (auto content = ReadHostFile(session.HostPath(path))) return *content;
+    throw CommandError{"cannot read the host file " + session.HostPath(path)};
+}
+
 std::string ReplaceWord(const Session& session, const ScriptWord& word) {
     if (word.quoted || word.text.size() < 2) return word.text;
-    if (word.text[0] == '@') return session.ReadHostFile(Unquoted(word.text.substr(1)));
+    if (word.text[0] == '@') return ContentOfHostFile(session, Unquoted(word.text.substr(1)));
     if (word.text[0] != '$') return word.text;
     const auto found = session.definitions.find(word.text.substr(1));
     if (found != session.definitions.end()) return found->second;
@@ -33,7 +38,7 @@ Words ReplaceWords(const Session& session, const std::vector<ScriptWord>& words)
 // What runs inside another command (at a time, in a turn that the program gives) is told under its
 // own line.
 class Place {
-  public:
+public:
     Place(Session& at, int line, const std::string& command)
         : session(at), outerLine(at.line), outerCommand(at.command) {
         session.line = line;
@@ -46,7 +51,7 @@ class Place {
     Place(const Place&) = delete;
     Place& operator=(const Place&) = delete;
 
-  private:
+private:
     Session& session;
     int outerLine;
     std::string outerCommand;

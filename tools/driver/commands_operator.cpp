@@ -61,9 +61,7 @@ void RunClick(Session& session, const Words& arguments) {
     if (auto* const* button = std::get_if<ToolButton*>(&found.named.control)) {
         if ((*button)->CheckStyle) (*button)->Value = 1 - (*button)->Value;
     }
-    // A copy: the handler may unload its own form, and so put another one in its place.
-    const Handler click = SeenControl(found.named.control)->Click;
-    Dispatch(session, click);
+    Dispatch(session, SeenControl(found.named.control)->Click);
 }
 
 TextBox& InputBox(const FoundControl& found, const std::string& name) {
@@ -100,8 +98,7 @@ void RunType(Session& session, const Words& arguments) {
         TextBox& box = InputBox(found, arguments[0]);
         CheckReachable(found);
         int key = static_cast<unsigned char>(c);
-        const auto keyPress = box.KeyPress;
-        if (keyPress) Dispatch(session, [&](Workstation& w) { key = keyPress(w, key); });
+        if (box.KeyPress) Dispatch(session, [&](Workstation& w) { key = box.KeyPress(w, key); });
         TypeKey(box, key);
     }
 }
@@ -176,10 +173,8 @@ void RunRestore(Session& session, const Words& arguments) {
 void RunActivate(Session& session, const Words& arguments) {
     Form& form = VisibleForm(session, arguments[0]);
     CheckForm(form);
-    const Handler activate = form.Activate;
-    Dispatch(session, activate);
-    const Handler paint = form.Paint;
-    if (session.machine.Running()) Dispatch(session, paint);
+    Dispatch(session, form.Activate);
+    if (session.machine.Running()) Dispatch(session, form.Paint);
 }
 
 void RunClose(Session& session, const Words& arguments) {

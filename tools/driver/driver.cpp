@@ -1,7 +1,6 @@
 #include "driver.h"
 
 #include <filesystem>
-#include <fstream>
 #include <istream>
 #include <iterator>
 #include <optional>
@@ -30,13 +29,6 @@ void PrintHelp(std::ostream& out) {
     for (const std::string_view name : CommandNames()) {
         out << "  " << name << ' ' << FindCommand(name)->usage << '\n';
     }
-}
-
-std::optional<std::string> ReadFile(const std::string& path) {
-    std::ifstream file(path, std::ios::binary);
-    std::string text{std::istreambuf_iterator<char>(file), {}};
-    if (!file || std::filesystem::is_directory(path)) return std::nullopt;
-    return text;
 }
 
 void PrintCounts(std::ostream& out, const Counts& counts) {
@@ -90,7 +82,7 @@ int RunDriver(const std::vector<std::string>& arguments, std::istream& in, std::
     bool unreadable = false;
     for (const std::string& file : files) {
         const std::optional<std::string> text =
-            file == "-" ? std::string{std::istreambuf_iterator<char>(in), {}} : ReadFile(file);
+            file == "-" ? std::string{std::istreambuf_iterator<char>(in), {}} : ReadHostFile(file);
         if (!text) {
             errors << "cumeron-drive: cannot read " << file << '\n';
             unreadable = true;

@@ -203,13 +203,6 @@ Value ValueOfControl(const FoundControl& found) {
                        "; known are" + Listed(PropertiesOf(found.named.control))};
 }
 
-Value ValueOfForm(const Form& form, const ParsedName& rest) {
-    const std::string property =
-        rest.segments.empty() ? std::string("Caption") : rest.WithoutIndices();
-    if (const auto value = PropertyOf(form, property)) return *value;
-    throw CommandError{"unknown property " + property + "; known are" + Listed(PropertiesOf(form))};
-}
-
 Value ValueOfLine(SerialLine& line, const ParsedName& rest) {
     const std::string property =
         rest.segments.empty() ? std::string("PortOpen") : rest.WithoutIndices();
@@ -274,8 +267,9 @@ Value ValueOf(Session& session, const std::string& name) {
         if (!rest.segments.empty()) {
             if (const auto found = SearchIn(*form, rest)) return ValueOfControl(*found);
         }
-        if (rest.segments.size() > 1) UnknownControl(*form, rest);
-        return ValueOfForm(*form, rest);
+        const std::string property = rest.segments.empty() ? "Caption" : rest.WithoutIndices();
+        if (const auto value = PropertyOf(*form, property)) return *value;
+        UnknownControl(*form, rest);
     }
     if (parsed.segments[0].word == "comCTLine") return ValueOfLine(w.comCTLine(), parsed.From(1));
     if (const auto found = SearchIn(w.frmMain, parsed)) return ValueOfControl(*found);

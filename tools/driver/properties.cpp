@@ -98,15 +98,26 @@ const Property<const AnyControl&> ControlProperties[] = {
 
 #undef FIELD
 
-#define FIELD(name)                                                                            \
-    {                                                                                          \
-#name, [](const Form& form) -> std::optional < Value> { return LoadValue(form.name); } \
+#define FIELD(name, expression)                                                                   \
+    {                                                                                             \
+        name, [](const Form& form) -> std::optional<Value> { return LoadValue(form.expression); } \
     }
 
 const Property<const Form&> FormProperties[] = {
-    FIELD(Caption), FIELD(Visible), FIELD(Enabled),     FIELD(TopMost),      FIELD(Left),
-    FIELD(Top),     FIELD(Width),   FIELD(Height),      FIELD(ScaleWidth()), FIELD(ScaleHeight()),
-    FIELD(Icon),    FIELD(Loaded),  FIELD(WindowState), FIELD(MousePointer),
+    FIELD("Caption", Caption),
+    FIELD("Visible", Visible),
+    FIELD("Enabled", Enabled),
+    FIELD("TopMost", TopMost),
+    FIELD("Left", Left),
+    FIELD("Top", Top),
+    FIELD("Width", Width),
+    FIELD("Height", Height),
+    FIELD("ScaleWidth", ScaleWidth()),
+    FIELD("ScaleHeight", ScaleHeight()),
+    FIELD("Icon", Icon),
+    FIELD("Loaded", Loaded),
+    FIELD("WindowState", WindowState),
+    FIELD("MousePointer", MousePointer),
 };
 
 #undef FIELD
@@ -127,16 +138,10 @@ const Property<SerialLine&> LineProperties[] = {
 
 #undef FIELD
 
-// A method's name stands in the table with its brackets.
-bool SameName(std::string known, const std::string& name) {
-    if (known.ends_with("()")) known.resize(known.size() - 2);
-    return known == name;
-}
-
 template <class Table, class Object>
 std::optional<Value> Find(const Table& table, Object& object, const std::string& name) {
     for (const auto& property : table) {
-        if (SameName(property.name, name)) return property.get(object);
+        if (property.name == name) return property.get(object);
     }
     return std::nullopt;
 }

@@ -6,6 +6,13 @@
 
 namespace cumeron {
 
+std::optional<std::string> ReadHostFile(const std::string& path) {
+    if (std::filesystem::is_directory(path)) return std::nullopt;
+    std::ifstream file(path, std::ios::binary);
+    if (!file) return std::nullopt;
+    return std::string{std::istreambuf_iterator<char>(file), {}};
+}
+
 Session::Session(std::string file, const std::string& text, std::string scenarioFolder,
                  std::ostream& output)
     : fileName(std::move(file)),
@@ -40,13 +47,6 @@ Workstation& Session::Running() {
 
 std::string Session::HostPath(const std::string& path) const {
     return (std::filesystem::path(folder) / path).string();
-}
-
-std::string Session::ReadHostFile(const std::string& path) const {
-    std::ifstream file(HostPath(path), std::ios::binary);
-    std::string text{std::istreambuf_iterator<char>(file), {}};
-    if (!file) throw CommandError{"cannot read the host file " + HostPath(path)};
-    return text;
 }
 
 }  // namespace cumeron

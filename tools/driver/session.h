@@ -2,6 +2,7 @@
 #pragma once
 
 #include <map>
+#include <optional>
 #include <ostream>
 #include <string>
 #include <vector>
@@ -26,6 +27,9 @@ struct Counts {
     int passed = 0;
     int failed = 0;
 };
+
+// All bytes of a file of the host; nothing when it cannot be read.
+std::optional<std::string> ReadHostFile(const std::string& path);
 
 struct Session {
     Session(std::string file, const std::string& text, std::string folder, std::ostream& output);
@@ -57,7 +61,6 @@ struct Session {
     Workstation& Running();
     // A name of the host, relative to the scenario's folder.
     std::string HostPath(const std::string& path) const;
-    std::string ReadHostFile(const std::string& path) const;
 };
 
 }  // namespace cumeron
