@@ -13,7 +13,7 @@
 namespace cumeron {
 
 class MemoryFiles : public Files {
-  public:
+public:
     MemoryFiles() { SetStyle(PathStyle::Windows); }
 
     // Windows: drives C: and D:, current folder C:\CUMERON, settings in C:\WINDOWS, case ignored.
@@ -46,7 +46,7 @@ class MemoryFiles : public Files {
     void FailNextWrite() { nextWriteFails = true; }
     void EmptyDisk();
 
-  private:
+private:
     struct File {
         std::string name;  // as it was first written, in full
         std::string text;

@@ -16,7 +16,7 @@ struct UnansweredBox {
 };
 
 class ScriptedDialogs : public Dialogs {
-  public:
+public:
     // A box with a lone OK is answered OK; throws UnansweredBox when another box finds no answer,
     // or one that is none of its buttons.
     Answer MessageBox(const std::string& text, BoxButtons buttons) override;
@@ -32,7 +32,7 @@ class ScriptedDialogs : public Dialogs {
     // Beeps since the last call.
     int TakeBeeps();
 
-  private:
+private:
     std::deque<Answer> answers;
     std::deque<std::string> boxes;
     int beeps = 0;

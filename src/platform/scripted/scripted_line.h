@@ -15,7 +15,7 @@ namespace cumeron {
 bool AreLineSettings(const std::string& settings);
 
 class ScriptedLine : public SerialLine {
-  public:
+public:
     explicit ScriptedLine(ScriptedTime& clock) : time(clock) {}
 
     std::string Settings() const override { return settings; }
@@ -52,7 +52,7 @@ class ScriptedLine : public SerialLine {
     // A new process has a control of its own; wires, carrier and replies stay.
     void BeginProcess();
 
-  private:
+private:
     void RaiseSettingsError();
 
     struct Reply {

@@ -19,7 +19,7 @@
 namespace cumeron {
 
 class ScriptedProcess : public Process {
-  public:
+public:
     explicit ScriptedProcess(const Files& disk) : files(disk) {}
     std::string CommandLine() const override { return commandLine; }
     std::string ApplicationFolder() const override {
@@ -28,12 +28,12 @@ class ScriptedProcess : public Process {
 
     std::string commandLine;
 
-  private:
+private:
     const Files& files;
 };
 
 class ScriptedCopies : public RunningCopies {
-  public:
+public:
     bool AnotherRuns() override { return anotherRuns; }
     bool HasMark(int number) override { return marks.contains(number); }
     void AddMark(int number) override { marks.insert(number); }
@@ -44,7 +44,7 @@ class ScriptedCopies : public RunningCopies {
 };
 
 class ScriptedMachine {
-  public:
+public:
     ScriptedMachine();
     ~ScriptedMachine();
     ScriptedMachine(const ScriptedMachine&) = delete;
@@ -71,7 +71,7 @@ class ScriptedMachine {
     // Lets virtual time pass, also when the program ends in it.
     void Advance(Micros duration);
 
-  private:
+private:
     void EndProcess();
 
     std::unique_ptr<Workstation> workstation;

@@ -17,7 +17,7 @@ inline constexpr Micros MicrosPerSecond = 1'000'000;
 inline constexpr Micros MicrosPerTurn = 10'000;  // what one turn of the event loop takes
 
 class ScriptedTime : public Clock, public EventLoop {
-  public:
+public:
     ScriptedTime();
 
     // What the clock on the wall shows: a day count. A jump fires no timer.
@@ -40,7 +40,7 @@ class ScriptedTime : public Clock, public EventLoop {
     void Attach(Workstation& w);
     void Detach();
 
-  private:
+private:
     struct WatchedTimer {
         Form* form;
         Timer* timer;
