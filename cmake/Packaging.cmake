@@ -1,11 +1,7 @@
 # What an installation consists of, and the Debian package made of it by cpack.
 include(GNUInstallDirs)
 
-foreach(program IN ITEMS cumeron cumeron-drive cumeron-sim)
-  if(TARGET ${program})
-    install(TARGETS ${program} RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
-  endif()
-endforeach()
+install(TARGETS cumeron cumeron-drive cumeron-sim RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 
 file(GLOB man_pages CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/packaging/*.1)
 install(FILES ${man_pages} DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
