@@ -41,7 +41,7 @@ struct GraphState {
     std::int16_t RedrawAbort = 0;
     std::array<std::int32_t, 5> RangeTable{};  // height steps of 100 ft or 30 m
     std::int16_t PreviousCloudmode = 0;
-    std::string UnitLabel;      // "[m]" or "[ft]"
+    std::string UnitLabel;                             // "[m]" or "[ft]"
     double resizeSeenWidth = 0, resizeSeenHeight = 0;  // size at the last tick of ResizeTimer
 };
 

@@ -49,7 +49,7 @@ constexpr MessageKind RVKinds[] = {
     {1131,      7, "73", 0, '\0', 16,       "Msg 7, No SkyC",   View::Stays},
     {1659,      7, "24", 0, '\0', 23,       "Msg 2, No Errors", View::Stays},
     {3246,      7, "28", 0, '\0', 46,       "Msg 2, No Errors", View::Stays},
-    // Kept: at this length alone the operator is told without the mark of an error.
+    // kept: at this length alone the operator is told without the mark of an error.
     {3246,      7, "",   0, '\0', NotValid, NotValidText,       View::Stays},
     {AnyLength, 7, "10", 0, '\0', 2,        "Msg 1",            View::CloudHits},
     {AnyLength, 7, "60", 0, '\0', 60,       "Msg 6",            View::CloudHits},
@@ -75,7 +75,7 @@ constexpr MessageKind KNKinds[] = {
     {AnyLength, 8, "25", 0, '\0', 3125, "Msg25, No Errors", View::CloudHits},
     {AnyLength, 8, "28", 0, '\0', 3128, "Msg28, No Errors", View::CloudHits},
     {AnyLength, 4, "TA", 7, '8',  38,   "TA, No Errors",    View::Stays},
-    // Kept: the long profile is told in the words of the message of the other kind.
+    // kept: the long profile is told in the words of the message of the other kind.
     {AnyLength, 4, "TA", 0, '\0', 39,   "RD, No Errors",    View::Stays},
 };
 
@@ -148,7 +148,7 @@ std::int16_t ClassifyByLength(Workstation& w, std::string_view frameText, std::s
 std::string CutPayload(const Workstation& w, std::string_view frameText) {
     const bool isTQ60 = w.model.family == Family::TQ60;
     const long start = w.settings.Start_Of_Information;
-    // Kept: number 25 has nothing but fields and a sky condition block; what stands behind them
+    // kept: number 25 has nothing but fields and a sky condition block; what stands behind them
     // is never taken for a profile.
     const bool isKN25 = w.model.family == Family::KN && TextStandsAt(frameText, 8, "25");
     if (!isTQ60 && static_cast<long>(frameText.size()) > start && !isKN25)
@@ -195,7 +195,7 @@ std::int16_t ClassifyMessage(Workstation& w, std::string_view frameText, std::st
         payload = CutPayload(w, frameText);
         const bool isRV = w.model.family == Family::RV;
         if (isRV && TextStandsAt(frameText, 7, "R")) {
-            // Kept: a raw message says nothing about scales and leaves the last one.
+            // kept: a raw message says nothing about scales and leaves the last one.
             SetErrorsPanel(w, RawMessageText, Black);
             return RawMessage;
         }

@@ -55,7 +55,7 @@ std::int32_t PlainSample(std::string_view digits) {
 }
 
 // The block of the KN family: a leading F stands for "ffff", so that five digits are 20 bits of a
-// two's complement. Kept: only F carries the sign, 8 to E in front stay positive; with fewer
+// two's complement. kept: only F carries the sign, 8 to E in front stay positive; with fewer
 // digits behind the F the number has no sign bit and is positive too.
 std::int32_t SignedSample(std::string_view digits) {
     const HexNumber number = ReadHex(digits);
@@ -190,7 +190,7 @@ std::size_t DecodeRows(const ModelTable& model, std::string_view payload,
 // A hit flag as the graphs take it: as strong as a signal can be, or nothing.
 constexpr std::int32_t Hit = 1000;
 
-// Kept: no plain bit test. The first flag stands for the two upper bits of a digit together and
+// kept: no plain bit test. The first flag stands for the two upper bits of a digit together and
 // takes only the higher one away, so that 12 to 15 set the second flag as well.
 void DecodeHitFlags(std::string_view payload, std::span<std::int32_t> profile) {
     constexpr std::size_t firstDigit = 2;
@@ -216,7 +216,7 @@ std::string InOtherUnit(const std::string& text, bool toMetres) {
     if (!IsNumeric(text)) return text;
     const double height = ToDouble(text);
     if (height == 0) return text;
-    // Kept: 3 to 10 and not the length of a foot, since the instrument's own steps of 100 ft and
+    // kept: 3 to 10 and not the length of a foot, since the instrument's own steps of 100 ft and
     // 30 m are told as the same height.
     const double converted = toMetres ? height * 3 / 10 : height * 10 / 3;
     return PadLeft(NumberText(RoundHalfEven(converted)), 5, '0');

@@ -53,7 +53,7 @@ std::size_t Find(std::string_view text, std::string_view mark) {
     return mark.empty() ? text.npos : text.find(mark);
 }
 
-// Kept: only small letters agree; no instrument sends capitals.
+// kept: only small letters agree; no instrument sends capitals.
 std::array<char, ChecksumDigits> DigitsOf(std::uint16_t checksum) {
     constexpr std::string_view digits = "0123456789abcdef";
     return {digits[checksum >> 12], digits[checksum >> 8 & 15], digits[checksum >> 4 & 15],

@@ -68,7 +68,7 @@ void DialAgain(Workstation& w) {
     w.intake.IntervalSeekState = 0;
     if (w.settings.Modem_used != 0 && !w.settings.Modem_Initialization_String.empty())
         SendModemInit(w, w.settings.Modem_Initialization_String);
-    // Kept: two words here and one in the tick, so that the operator can tell which of the two
+    // kept: two words here and one in the tick, so that the operator can tell which of the two
     // dialled.
     SetErrorsPanel(w, "Re Dial", Black);
 }
@@ -149,7 +149,7 @@ void HandleModemWord(Workstation& w) {
     for (const std::string_view word : {Connect, NoCarrier}) {
         const std::size_t at = buffer.find(word);
         if (at == buffer.npos) continue;
-        // Kept: the word stays in the buffer and counts again at each piece that follows, until a
+        // kept: the word stays in the buffer and counts again at each piece that follows, until a
         // frame begins. A copy goes down, since dialling lets other events run.
         return HandleMessage(w, buffer.substr(at));
     }
@@ -161,7 +161,7 @@ void HandleFoundFrame(Workstation& w, const FrameSearch& search, std::string_vie
     const std::string frame = buffer.substr(search.at, search.length);
     HandleMessage(w, frame);
     buffer.clear();
-    // Kept: looked for in the new piece and not behind the frame, so that a frame that came in one
+    // kept: looked for in the new piece and not behind the frame, so that a frame that came in one
     // piece stands in the buffer again and is handled once more at the next reception.
     const std::size_t next = incoming.find(w.model.FrameStart);
     if (next != incoming.npos) buffer = incoming.substr(next);
@@ -184,7 +184,7 @@ void Receive(Workstation& w) {
     std::string& buffer = w.intake.ReceiveBuffer;
     SerialLine& line = w.comCTLine();
     if (!line.PortOpen() || line.InBufferCount() < 1) {
-        // Kept: a second without input ends what had begun, also in the middle of a frame.
+        // kept: a second without input ends what had begun, also in the middle of a frame.
         buffer.clear();
         return;
     }
@@ -254,7 +254,7 @@ void HandleMessage(Workstation& w, std::string_view frame) {
 
 void tmrClock_Tick(Workstation& w) {
     const IntakeState& intake = w.intake;
-    // Kept: IntakeBusy is -1 and never 1 while a message is handled, so that this test lets a tick
+    // kept: IntakeBusy is -1 and never 1 while a message is handled, so that this test lets a tick
     // through that comes in while the modem is dialled.
     if (intake.IntakeBusy == 1 || intake.EnquiryBusy == 1 || intake.ReplayBusy == -1) return;
     ResumeNext([&] { Receive(w); });

@@ -14,22 +14,22 @@ namespace cumeron {
 struct Workstation;
 
 struct IntakeState {
-    std::string ReceiveBuffer;             // received and not yet consumed
-    std::int16_t IntakeBusy = 0;           // -1 while HandleMessage runs
-    std::int16_t EnquiryBusy = 0;          // 1 while the status enquiry runs
-    std::int16_t ReplayBusy = 0;           // -1 while a replay runs
-    double MessageClockTime = 0;           // time of day of MessageTime
-    std::int16_t RedialCount = 0;          // ticks spent in the redial condition
-    std::int16_t FrameErrorCount = 0;      // frames rejected, and parity errors
-    std::int16_t IntervalSeekState = 0;    // 0 to 6; 4 and up: the interval is known
-    std::int16_t IntervalCandidate = 0;    // last differing interval measured, seconds
-    std::array<double, 3> IntervalTimes{}; // last arrival times
-    std::string PreviousStatus;            // first five characters of the status word
-    std::string FrameText;                 // a blank and the frame from its header on
+    std::string ReceiveBuffer;              // received and not yet consumed
+    std::int16_t IntakeBusy = 0;            // -1 while HandleMessage runs
+    std::int16_t EnquiryBusy = 0;           // 1 while the status enquiry runs
+    std::int16_t ReplayBusy = 0;            // -1 while a replay runs
+    double MessageClockTime = 0;            // time of day of MessageTime
+    std::int16_t RedialCount = 0;           // ticks spent in the redial condition
+    std::int16_t FrameErrorCount = 0;       // frames rejected, and parity errors
+    std::int16_t IntervalSeekState = 0;     // 0 to 6; 4 and up: the interval is known
+    std::int16_t IntervalCandidate = 0;     // last differing interval measured, seconds
+    std::array<double, 3> IntervalTimes{};  // last arrival times
+    std::string PreviousStatus;             // first five characters of the status word
+    std::string FrameText;                  // a blank and the frame from its header on
     std::string Payload;
     std::int16_t MessageId = 0;
-    double ProfileScale = 1;               // samples per height step of 100 ft or 30 m
-    bool onCommBusy = false;               // keeps a nested OnComm out
+    double ProfileScale = 1;  // samples per height step of 100 ft or 30 m
+    bool onCommBusy = false;  // keeps a nested OnComm out
 };
 
 enum class Found { Nothing, Beginning, Frame };

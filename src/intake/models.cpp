@@ -12,7 +12,7 @@ namespace {
 // A constant that the load does not touch: it stays as the model before left it.
 constexpr std::int16_t Keep = std::numeric_limits<std::int16_t>::min();
 
-// Kept: RV10X and TQ60 are set up with other places at the start than in the dialog, so that a
+// kept: RV10X and TQ60 are set up with other places at the start than in the dialog, so that a
 // workstation goes on reading the same columns of its old exports after a change of model.
 struct Place {
     std::int16_t start;
@@ -38,7 +38,7 @@ constexpr FamilyRow FamilyTable[] = {
     {Family::RV,     "\x01", "\x03\r\n", "RV",   "No RV Header",   8,    15, 21, 27, 15, 21,   33,    67,         12,       13,    82},
     {Family::RV10X,  "\x02", "\x03\r\n", "\x02", "No <STX>",      10,     8, 20, 14,  8, 20,   32,    {67, Keep},  4,        5,    Keep},
     {Family::KN,     "\x01", "\x04\r\n", "KN",   "No KN Header",  12,    16, 22, 28, 16, 22,   34,    74,         13,       14,    92},
-    // Kept: a missing header is told in the words of the RV family.
+    // kept: a missing header is told in the words of the RV family.
     {Family::TQ60,   "\x02", "\r\n\x04", "X",    "No RV Header",   8,    28, 34, 40, 61, 67,   84,    {67, 74},   {12, 13}, 91,    {82, 92}},
 };
 // clang-format on

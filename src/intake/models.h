@@ -19,10 +19,10 @@ struct ModelTable {
     std::int16_t code = 0;  // CEILOMETER; 0: no model is loaded
     std::string name;
     Family family = Family::RV;
-    std::string FrameStart;  // 1 character
-    std::string FrameEnd;    // 3 characters
-    std::string header;      // looked for in the frame
-    std::string noHeader;    // what the Errors panel says without it
+    std::string FrameStart;          // 1 character
+    std::string FrameEnd;            // 3 characters
+    std::string header;              // looked for in the frame
+    std::string noHeader;            // what the Errors panel says without it
     std::int16_t ProfileLength = 0;  // highest index of a profile
     std::int32_t rangeSteps = 0;     // RangeTable entry 0
     std::int16_t AngleOffset = 0;    // degrees
