@@ -78,8 +78,8 @@ void ShowMessageTime(Workstation& w, double when) {
     if (when > 1.0) lblDateTime.Caption = Format(when, "d-mmm") + " " + lblDateTime.Caption;
     lblDateTime.ForeColor = QBColor(Green);
 
+    // From state 4 on the interval is known, and only the time is shown.
     IntakeState& intake = w.intake;
-    if (intake.IntervalSeekState > 3) return;
     if (intake.IntervalSeekState < 3) {
         intake.IntervalTimes.at(static_cast<std::size_t>(intake.IntervalSeekState)) = when;
         ++intake.IntervalSeekState;

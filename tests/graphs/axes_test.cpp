@@ -25,6 +25,7 @@ TEST(SetGraphCaptions, XCaptionsFollowTheView) {
         w.frmMain.mnuLinePlot.Checked = c.linePlot;
         w.frmMain.mnuSplitScreen.Checked = c.split;
         w.frmMain.lblXaxisBack.Visible = !c.backVisible;
+        w.frmMain.lblXaxisBack.Caption.clear();
         SetGraphCaptions(w);
         EXPECT_EQ(w.frmMain.lblXaxis.Caption, c.caption) << c.linePlot << c.split;
         EXPECT_EQ(w.frmMain.lblXaxisBack.Visible, c.backVisible) << c.linePlot << c.split;
