@@ -75,6 +75,19 @@ QFont FontOf(const std::string& name) {
     return font;
 }
 
+QString ShownText(const TextBox& record) {
+    return WithControlPictures(ToUnicode(record.Text)).replace("\r\n", "\n").replace('\r', '\n');
+}
+
+// The end of a line is two characters of the record and one of the widget.
+void PutCursor(const TextBox& record, QPlainTextEdit& edit) {
+    const std::string before = record.Text.substr(0, static_cast<std::size_t>(record.SelStart));
+    const auto position = ToUnicode(before).replace("\r\n", "\n").size();
+    QTextCursor cursor = edit.textCursor();
+    cursor.setPosition(static_cast<int>(position));
+    edit.setTextCursor(cursor);
+}
+
 }  // namespace
 
 void FormView::Follow(const NamedControl& named, Control& record, QWidget* widget) {
@@ -254,7 +267,7 @@ void FormView::Bind(const NamedControl& named, TextBox& record) {
             return used;
         };
     }
-    // What the record's text looks like in the box, and whether the change comes from there.
+    // A change that comes from the record does not go back there.
     connect(edit, &QPlainTextEdit::textChanged, this, [&record, edit] {
         if (edit->property("following").toBool()) return;
         QString text = WithoutControlPictures(edit->toPlainText());
@@ -263,19 +276,15 @@ void FormView::Bind(const NamedControl& named, TextBox& record) {
     steps.push_back(OnChange(
         record, [](const TextBox& r) { return r.Text; },
         [edit](const TextBox& r) {
-            QString text = WithControlPictures(ToUnicode(r.Text)).replace("\r\n", "\n");
-            if (edit->toPlainText() == text.replace('\r', '\n')) return;
+            if (ShownText(r) == edit->toPlainText()) return;
             edit->setProperty("following", true);
-            edit->setPlainText(text);
+            edit->setPlainText(ShownText(r));
             edit->setProperty("following", false);
+            PutCursor(r, *edit);
         }));
     steps.push_back(OnChange(
-        record, [](const TextBox& r) { return std::make_tuple(r.SelStart, r.Text.size()); },
-        [edit](const TextBox& r) {
-            QTextCursor cursor = edit->textCursor();
-            cursor.setPosition(std::clamp(r.SelStart, 0, edit->document()->characterCount() - 1));
-            edit->setTextCursor(cursor);
-        }));
+        record, [](const TextBox& r) { return r.SelStart; },
+        [edit](const TextBox& r) { PutCursor(r, *edit); }));
 }
 
 void FormView::Bind(const NamedControl& named, Surface& record) {

@@ -46,7 +46,8 @@ FormView::FormView(Form& record, ViewCalls viewCalls, BarHeights barHeights)
     BindWindow();
 }
 
-FormView::~FormView() = default;
+// The widgets go first; what they still tell while they go needs the rest.
+FormView::~FormView() { window.reset(); }
 
 void FormView::BindAll() {
     for (const NamedControl& named : controls) {
@@ -56,6 +57,7 @@ void FormView::BindAll() {
 
 void FormView::BindWindow() {
     window->Resized = [this](QSize size) {
+        SyncBars();
         if (!form.Visible || form.WindowState == 1 || size == ClientSize(form)) return;
         Run([this, size](Workstation& w) { ResizeForm(w, form, size.width(), size.height()); });
     };
@@ -143,6 +145,8 @@ void FormView::SyncPlace() {
     const bool stateChanged = shownState != form.WindowState;
     shownPlace = {form.Left, form.Top, form.Width, form.Height};
     shownState = form.WindowState;
+    const bool restored = stateChanged && form.WindowState == 0;
+    if (restored && window->State() != 0) window->ShowState(0);
     // The normal size and place come first, so that the desktop knows them behind a maximised one.
     if (resized && window->State() == 0) window->ResizeClient(ClientSize(form));
     if (moved && window->State() == 0) window->Place(PixelsOf(form.Left, form.Top));

@@ -107,12 +107,7 @@ bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
 
 void FormWindow::moveEvent(QMoveEvent* event) {
     QWidget::moveEvent(event);
-    if (!isVisible()) return;
-    if (settling.isActive()) {
-        settling.start();
-    } else if (State() == 0 && Moved) {
-        Moved(pos());
-    }
+    if (isVisible() && !settling.isActive() && State() == 0 && Moved) Moved(pos());
 }
 
 void FormWindow::changeEvent(QEvent* event) {

@@ -25,7 +25,8 @@ std::string Rewrite(const QString& pattern, const std::array<PatternLetter, 3>& 
     char last = '\0';
     // Words between quotes are no fields.
     static const QRegularExpression words("'[^']*'");
-    for (const QChar character : QString(pattern).remove(words)) {
+    const QString bare = QString(pattern).remove(words);
+    for (const QChar character : bare) {
         const char c = character.toLatin1();
         const auto* row = std::find_if(table.begin(), table.end(),
                                        [c](const PatternLetter& r) { return r.letter == c; });

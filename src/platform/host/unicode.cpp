@@ -1,6 +1,5 @@
 #include "platform/host/unicode.h"
 
-#include <QStringDecoder>
 #include <algorithm>
 #include <array>
 
@@ -48,10 +47,9 @@ std::string FromUnicode(const QString& text) {
 }
 
 std::string ToFileName(std::string_view name) {
-    QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
-    const QString decoded =
-        decoder(QByteArrayView(name.data(), static_cast<qsizetype>(name.size())));
-    if (!decoded.isNull() && !decoder.hasError()) return std::string(name);
+    const QByteArray bytes(name.data(), static_cast<qsizetype>(name.size()));
+    // What is no UTF-8 does not come back as it was.
+    if (QString::fromUtf8(bytes).toUtf8() == bytes) return std::string(name);
     return ToUnicode(name).toStdString();
 }
 

@@ -1,0 +1,123 @@
+// The program on a real line: the simulated instrument behind a pseudo terminal, the window
+// without a display.
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <QProcess>
+
+#include "shell/startup.h"
+#include "view_support.h"
+
+namespace cumeron {
+namespace {
+
+#ifdef SIMULATOR
+
+struct Model {
+    const char* name;
+    int code;
+};
+
+struct SimulatedLine : testing::Test {
+    OwnFolders own;
+    std::string link = own.Path("line");
+    QProcess simulator;
+
+    ~SimulatedLine() override { StopSimulator(); }
+
+    void StartSimulator(const char* model) {
+        simulator.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+        simulator.start(SIMULATOR, {"--model", model, "--link", QString::fromStdString(link),
+                                    "--interval", "1", "--units", "ft"});
+        ASSERT_TRUE(simulator.waitForStarted());
+        ASSERT_TRUE(WaitUntil([&] { return ::access(link.c_str(), F_OK) == 0; }));
+    }
+    void StopSimulator() {
+        if (simulator.state() == QProcess::NotRunning) return;
+        simulator.kill();
+        simulator.waitForFinished();
+        ::unlink(link.c_str());
+    }
+};
+
+struct EndToEnd : SimulatedLine, testing::WithParamInterface<Model> {};
+
+// The workstation as main puts it together.
+struct Running {
+    HostMachine machine{""};
+    Workstation w{machine.platform};
+    HostView view{w, machine, w.Forms()};
+
+    explicit Running(const std::string& link, int code) {
+        qputenv("CUMERON_COM1", link.c_str());
+        machine.files.Replace(
+            machine.files.SettingsFolder() + "/CUMERON1.INI",
+            "[CUMERON]\r\nPort_open=1\r\nCEILOMETER=" + std::to_string(code) + "\r\n");
+        Guarded([&] { StartProgram(w); });
+        view.Sync();
+    }
+    QString Caption(const char* name) {
+        return view.WindowOf(w.frmMain)->findChild<QLabel*>(name)->text();
+    }
+    // A frame was taken whose heights are on the screen.
+    bool TakesFrame() {
+        w.intake.FrameText.clear();
+        w.frmMain.CloudValue[0].Caption = "none";
+        return WaitUntil([&] {
+            return !w.intake.FrameText.empty() && w.frmMain.CloudValue[0].Caption != "none" &&
+                   Caption("CloudValue(0)") ==
+                       QString::fromStdString(w.frmMain.CloudValue[0].Caption);
+        });
+    }
+};
+
+TEST_P(EndToEnd, FramesOfTheInstrumentFillTheWindow) {
+    StartSimulator(GetParam().name);
+    Running program(link, GetParam().code);
+    ASSERT_TRUE(program.w.comCTLine().PortOpen());
+    EXPECT_TRUE(program.TakesFrame());
+    EXPECT_EQ(program.Caption("lblCT"), GetParam().name);
+    EXPECT_EQ(program.w.intake.FrameErrorCount, 0);
+    EXPECT_TRUE(program.w.frmMain.sbaStatus.Errors_Image_Void.Visible);
+}
+
+INSTANTIATE_TEST_SUITE_P(AllModels, EndToEnd,
+                         testing::Values(Model{"RV70X", 70}, Model{"RV20X", 20}, Model{"RV10X", 10},
+                                         Model{"KN30", 30}, Model{"KN50", 50}, Model{"TQ60", 60}),
+                         [](const auto& tested) { return std::string(tested.param.name); });
+
+TEST_F(SimulatedLine, ReceptionGoesOnWhenALineThatWasAwayReturns) {
+    StartSimulator("KN30");
+    Running program(link, 30);
+    ASSERT_TRUE(program.TakesFrame());
+    StopSimulator();
+    ASSERT_TRUE(
+        WaitUntil([&] { return ErrorOf([&] { program.w.comCTLine().Output("x"); }) == 57; }));
+    StartSimulator("KN30");
+    EXPECT_TRUE(program.TakesFrame());
+    EXPECT_TRUE(program.w.comCTLine().PortOpen());
+}
+
+#endif
+
+#ifdef PROGRAM
+
+QString OutputOf(const QStringList& words) {
+    QProcess program;
+    program.start(PROGRAM, words);
+    EXPECT_TRUE(program.waitForFinished());
+    EXPECT_EQ(program.exitCode(), 0);
+    return QString::fromUtf8(program.readAllStandardOutput());
+}
+
+TEST(Program, TellsHelpAndVersionWithoutAWindow) {
+    qputenv("QT_QPA_PLATFORM", "none such");
+    EXPECT_TRUE(OutputOf({"--help"}).contains("CUMERON<NUMBER>.INI"));
+    EXPECT_TRUE(OutputOf({"1", "--version"}).startsWith("Cumeron "));
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+}
+
+#endif
+
+}  // namespace
+}  // namespace cumeron

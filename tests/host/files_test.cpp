@@ -1,0 +1,172 @@
+#include "platform/host/files.h"
+
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <QDir>
+#include <cerrno>
+#include <csignal>
+
+#include "platform/host/port_map.h"
+#include "support.h"
+
+namespace cumeron {
+namespace {
+
+// Lets no file grow past a length, as a disk does that is full.
+class FullDisk {
+public:
+    explicit FullDisk(rlim_t bytes) {
+        std::signal(SIGXFSZ, SIG_IGN);
+        getrlimit(RLIMIT_FSIZE, &before);
+        const rlimit limit{bytes, before.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &limit);
+    }
+    ~FullDisk() { setrlimit(RLIMIT_FSIZE, &before); }
+    FullDisk(const FullDisk&) = delete;
+    FullDisk& operator=(const FullDisk&) = delete;
+
+private:
+    rlimit before{};
+};
+
+struct HostFilesTest : testing::Test {
+    OwnFolders own;
+    HostFiles files;
+
+    int FilesIn(const std::string& folder) {
+        return static_cast<int>(
+            QDir(QString::fromStdString(own.Path(folder))).entryList(QDir::Files).size());
+    }
+};
+
+TEST(FileErrorNumber, KnowsEachRefusal) {
+    const struct {
+        int code;
+        int number;
+    } cases[] = {{ENOENT, 53}, {EIO, 57},   {ENOSPC, 61}, {EDQUOT, 61}, {EFBIG, 61}, {EACCES, 70},
+                 {EPERM, 70},  {EROFS, 70}, {EISDIR, 75}, {EMFILE, 75}, {ELOOP, 75}, {ENOTDIR, 76}};
+    for (const auto& c : cases) EXPECT_EQ(FileErrorNumber(c.code), c.number) << c.code;
+}
+
+TEST_F(HostFilesTest, ReadTellsWhyItCannot) {
+    EXPECT_EQ(ErrorOf([&] { files.Read(own.Path("none.INI")); }), 53);
+    EXPECT_EQ(ErrorOf([&] { files.Read(own.Path("nowhere/none.INI")); }), 76);
+    EXPECT_EQ(ErrorOf([&] { files.Read(own.Path("config")); }), 75);
+}
+
+TEST_F(HostFilesTest, AppendMakesTheFileAndAddsToIt) {
+    const std::string name = own.Path("a.DAT");
+    EXPECT_FALSE(files.Exists(name));
+    files.Append(name, "one\r\n");
+    files.Append(name, std::string_view("t\0o", 3));
+    EXPECT_TRUE(files.Exists(name));
+    EXPECT_EQ(files.Read(name), std::string("one\r\nt\0o", 8));
+}
+
+TEST_F(HostFilesTest, AppendTellsWhyItCannot) {
+    EXPECT_EQ(ErrorOf([&] { files.Append("/dev/full", "text"); }), 61);
+    EXPECT_EQ(ErrorOf([&] { files.Append(own.Path("nowhere/a.DAT"), "text"); }), 76);
+    EXPECT_EQ(ErrorOf([&] { files.Append(own.Path("config"), "text"); }), 75);
+    WriteFile(own.Path("file"), "");
+    EXPECT_EQ(ErrorOf([&] { files.Append(own.Path("file/a.DAT"), "text"); }), 76);
+}
+
+TEST_F(HostFilesTest, AppendKeepsWhatFittedOnAFullDisk) {
+    const std::string name = own.Path("a.DAT");
+    files.Append(name, "12345");
+    {
+        const FullDisk full(8);
+        EXPECT_EQ(ErrorOf([&] { files.Append(name, "67890"); }), 61);
+    }
+    EXPECT_EQ(ReadFile(name), "12345678");
+}
+
+TEST_F(HostFilesTest, ReplaceMakesTheFolderAndLeavesNothingBeside) {
+    const std::string name = own.Path("config/cumeron/CUMERON1.INI");
+    files.Replace(name, "old");
+    files.Replace(name, "new");
+    EXPECT_EQ(ReadFile(name), "new");
+    EXPECT_EQ(FilesIn("config/cumeron"), 1);
+}
+
+TEST_F(HostFilesTest, ReplaceOnAFullDiskLeavesTheOldFile) {
+    const std::string name = own.Path("config/CUMERON1.INI");
+    files.Replace(name, "old");
+    {
+        const FullDisk full(8);
+        EXPECT_EQ(ErrorOf([&] { files.Replace(name, "far too long"); }), 61);
+    }
+    EXPECT_EQ(ReadFile(name), "old");
+    EXPECT_EQ(FilesIn("config"), 1);
+}
+
+TEST_F(HostFilesTest, ReplaceTellsWhyItCannot) {
+    EXPECT_EQ(ErrorOf([&] { files.Replace(own.Path("config"), "text"); }), 75);
+    WriteFile(own.Path("file"), "");
+    EXPECT_EQ(ErrorOf([&] { files.Replace(own.Path("file/a.INI"), "text"); }), 76);
+}
+
+TEST_F(HostFilesTest, ReplaceKeepsRightsAndLinks) {
+    const std::string target = own.Path("target.INI");
+    const std::string link = own.Path("config/CUMERON1.INI");
+    WriteFile(target, "old");
+    ::chmod(target.c_str(), 0640);
+    ASSERT_EQ(::symlink(target.c_str(), link.c_str()), 0);
+    files.Replace(link, "new");
+    struct stat found {};
+    ASSERT_EQ(::lstat(link.c_str(), &found), 0);
+    EXPECT_TRUE(S_ISLNK(found.st_mode));
+    ASSERT_EQ(::stat(target.c_str(), &found), 0);
+    EXPECT_EQ(found.st_mode & 07777, 0640U);
+    EXPECT_EQ(ReadFile(target), "new");
+}
+
+TEST_F(HostFilesTest, NamesOfTheProgramReachTheFileSystemInItsOwnBytes) {
+    const std::string folder = own.Path("config") + "/";
+    files.Append(folder + "H\xF6he.DAT", "x");
+    EXPECT_EQ(ReadFile(folder + "H\xC3\xB6he.DAT"), "x");
+}
+
+TEST_F(HostFilesTest, SettingsFolderFollowsTheEnvironment) {
+    EXPECT_EQ(files.SettingsFolder(), own.Path("config/cumeron"));
+    qputenv("HOME", "/home/a");
+    for (const char* useless : {"", "relative"}) {
+        qputenv("XDG_CONFIG_HOME", useless);
+        EXPECT_EQ(files.SettingsFolder(), "/home/a/.config/cumeron");
+    }
+}
+
+TEST_F(HostFilesTest, FreeSpaceIsThatOfTheFolder) {
+    EXPECT_GT(files.FreeDiskSpace(own.Path("config")).value_or(0), 0);
+    EXPECT_FALSE(files.FreeDiskSpace(own.Path("nowhere")).has_value());
+}
+
+TEST(UsualDevice, TwelvePortsHaveOne) {
+    const struct {
+        int number;
+        const char* device;
+    } cases[] = {{0, ""},
+                 {1, "/dev/ttyS0"},
+                 {4, "/dev/ttyS3"},
+                 {5, "/dev/ttyUSB0"},
+                 {9, "/dev/ttyACM0"},
+                 {12, "/dev/ttyACM3"},
+                 {13, ""}};
+    for (const auto& c : cases) EXPECT_EQ(UsualDevice(c.number), c.device) << c.number;
+}
+
+TEST_F(HostFilesTest, EnvironmentGoesBeforeThePortFileAndThatBeforeTheUsualDevice) {
+    EXPECT_EQ(PortDevice(files, 2), "/dev/ttyS1");
+    files.Replace(files.SettingsFolder() + "/ports.ini", "[ports]\n2=/dev/from_file\n");
+    EXPECT_EQ(PortDevice(files, 2), "/dev/from_file");
+    qputenv("CUMERON_COM2", "/dev/from_environment");
+    EXPECT_EQ(PortDevice(files, 2), "/dev/from_environment");
+    EXPECT_EQ(PortDevice(files, 3), "/dev/ttyS2");
+    qunsetenv("CUMERON_COM2");
+}
+
+}  // namespace
+}  // namespace cumeron

@@ -1,0 +1,103 @@
+#include "view_support.h"
+
+#include <QCoreApplication>
+#include <QKeyEvent>
+#include <QMouseEvent>
+
+#include "shell/dispatch.h"
+
+namespace cumeron {
+namespace {
+
+void Place(Control& control, double left, double top, double width, double height) {
+    control.Left = left;
+    control.Top = top;
+    control.Width = width;
+    control.Height = height;
+}
+
+}  // namespace
+
+SampleForm::SampleForm() {
+    Name = "frmSample";
+    Caption = "Sample";
+    Left = 40 * TwipsPerPixel;
+    Top = 30 * TwipsPerPixel;
+    Width = 400 * TwipsPerPixel;
+    Height = 300 * TwipsPerPixel;
+    mnuFile.Caption = "&File";
+    mnuOpen.Caption = "&Open...";
+    mnuMore.Caption = "&More";
+    mnuDeep.Caption = "&Deep";
+    mnuExit.Caption = "E&xit";
+    mnuExit.SeparatorBefore = true;
+    lblText.Caption = "Text";
+    fraBox.Caption = "Box";
+    lblInside.Caption = "Inside";
+    cmdGo.Caption = "&Go";
+    Place(lblText, 10, 10, 200, 40);
+    Place(fraBox, 10, 60, 200, 60);
+    Place(lblInside, 20, 25, 100, 20);
+    Place(cmdGo, 10, 130, 80, 30);
+    Place(txtText, 10, 170, 200, 60);
+    Place(imgMark, 220, 10, 24, 24);
+    Place(picGraph, 220, 60, 50, 40);
+    txtText.MultiLine = true;
+    imgMark.Picture = "alarm";
+}
+
+ControlList SampleForm::Controls() {
+    return {{"mnuFile", -1, "", &mnuFile},
+            {"mnuOpen", -1, "mnuFile", &mnuOpen},
+            {"mnuMore", -1, "mnuFile", &mnuMore},
+            {"mnuDeep", -1, "mnuMore", &mnuDeep},
+            {"mnuExit", -1, "mnuFile", &mnuExit},
+            {"lblText", -1, "", &lblText},
+            {"fraBox", -1, "", &fraBox},
+            {"lblInside", 1, "fraBox", &lblInside},
+            {"cmdGo", -1, "", &cmdGo},
+            {"txtText", -1, "", &txtText},
+            {"imgMark", -1, "", &imgMark},
+            {"picGraph", -1, "", &picGraph},
+            {"tmrTick", -1, "", &tmrTick}};
+}
+
+ViewBench::ViewBench() {
+    SetLeave([this](int status) { leftWith = status; });
+}
+
+ViewBench::~ViewBench() { SetLeave(nullptr); }
+
+void ViewBench::ShowSample() {
+    ShowForm(w, form);
+    view.Sync();
+    Settle();
+}
+
+void ViewBench::ShowMain() {
+    w.frmMain.Load = nullptr;
+    w.frmMain.tmrClock.SetEnabled(false);
+    w.frmMain.Width = 800 * TwipsPerPixel;
+    w.frmMain.Height = 540 * TwipsPerPixel;
+    ShowForm(w, w.frmMain);
+    view.Sync();
+    Settle();
+}
+
+void ClickOn(QWidget* widget) {
+    const QPointF middle = QRectF(widget->rect()).center();
+    const QPointF onScreen = widget->mapToGlobal(middle);
+    QMouseEvent press(QEvent::MouseButtonPress, middle, onScreen, Qt::LeftButton, Qt::LeftButton,
+                      Qt::NoModifier);
+    QCoreApplication::sendEvent(widget, &press);
+    QMouseEvent release(QEvent::MouseButtonRelease, middle, onScreen, Qt::LeftButton, Qt::NoButton,
+                        Qt::NoModifier);
+    QCoreApplication::sendEvent(widget, &release);
+}
+
+void TypeInto(QWidget* widget, int key, const QString& text) {
+    QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier, text);
+    QCoreApplication::sendEvent(widget, &press);
+}
+
+}  // namespace cumeron
