@@ -212,7 +212,7 @@ void Surface::BitBlt(int x, int y, int width, int height, const Surface& source,
     Stretch down{y, sourceY, height};
     across.Clip(bitmapWidth, source.bitmapWidth);
     down.Clip(bitmapHeight, source.bitmapHeight);
-    if (across.length <= 0 || down.length <= 0) return;
+    if (across.length < 0) return;
 
     // Within one bitmap the rows go in the order in which none is overwritten before it is read.
     const bool upwards = down.to > down.from;
@@ -231,7 +231,6 @@ void Surface::Fill(int x, int y, int width, int height, int colour) {
     Stretch down{y, y, height};
     across.Clip(bitmapWidth, bitmapWidth);
     down.Clip(bitmapHeight, bitmapHeight);
-    if (across.length <= 0) return;
     for (std::int64_t row = down.to; row < down.to + down.length; ++row) {
         std::fill_n(pixels.begin() + row * bitmapWidth + across.to, across.length,
                     ToPixelColour(colour));

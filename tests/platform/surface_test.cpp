@@ -74,6 +74,33 @@ TEST(SurfaceSize, FollowsWidthAndHeight) {
     EXPECT_EQ(PictureOf(surface), "#./");
 }
 
+TEST(SurfaceSize, IsThereAtTheFirstUseOfAnyKind) {
+    Surface cleared = Sized(1, 1);
+    cleared.BackColor = 0x0000FF;
+    cleared.Cls();
+    cleared.BackColor = Black;
+    EXPECT_EQ(cleared.Pixel(0, 0), 0x0000FF);
+
+    EXPECT_EQ(Sized(2, 1).Pixel(1, 0), White);
+    EXPECT_EQ(Sized(2, 1).PixelHeight(), 1);
+
+    const Surface read = Sized(1, 1);
+    ASSERT_NE(read.Pixels(), nullptr);
+    EXPECT_EQ(*read.Pixels(), 0xFFFFFFFFU);
+
+    Surface painted = Sized(1, 1);
+    ASSERT_NE(painted.PixelsToPaint(), nullptr);
+    *painted.PixelsToPaint() = 0xFF000000;
+    EXPECT_EQ(painted.Pixel(0, 0), Black);
+
+    Surface printed = Sized(10, 10);
+    printed.ScaleMode = 0;
+    printed.ScaleWidth = printed.ScaleHeight = 1;
+    printed.CurrentX = printed.CurrentY = 0.5;
+    printed.Print("text");
+    EXPECT_EQ(printed.Printed().front().x, 5);
+}
+
 TEST(SurfaceSize, StandsAnySize) {
     const struct {
         const char* what;
@@ -179,6 +206,7 @@ TEST(Line, DrawsBothEndPoints) {
         {"gentle", 0, 0, 4, 1, "##.../..###/...../...../"},
         {"gentle upwards", 0, 3, 4, 1, "...../....#/..##./##.../"},
         {"steep", 0, 0, 1, 3, "#..../#..../.#.../.#.../"},
+        {"down the last column", 4, 0, 4, 3, "....#/....#/....#/....#/"},
         {"partly outside", -3, 2, 1, 2, "...../...../##.../...../"},
         {"wholly outside", -3, 5, 9, 5, "...../...../...../...../"},
         {"no number", 0, 0, NotANumber, 0, "...../...../...../...../"},
@@ -193,6 +221,13 @@ TEST(Line, DrawsBothEndPoints) {
         surface.Line(c.x1, c.y1, c.x2, c.y2, Black);
         EXPECT_EQ(PictureOf(surface), c.picture) << c.what;
     }
+}
+
+TEST(Line, StaysInAPictureThatIsHigherThanWide) {
+    Surface surface = Sized(2, 5);
+    surface.Line(0, -9, 0, 9, Black);
+    surface.Line(-9, 4, 9, 4, Black);
+    EXPECT_EQ(PictureOf(surface), "#./#./#./#./##/");
 }
 
 TEST(Line, MovesTheCurrentPointToItsEnd) {
