@@ -30,10 +30,10 @@ public:
     virtual bool PortOpen() const = 0;
     virtual void SetPortOpen(bool open) = 0;
 
-    virtual int InBufferCount() = 0;           // bytes that wait
-    virtual void ClearInput() = 0;             // InBufferCount = 0
-    virtual std::string Input() = 0;           // takes everything that waits
-    virtual void Output(std::string_view) = 0; // 57 when the device fails, 8018 with a closed port
+    virtual int InBufferCount() = 0;            // bytes that wait
+    virtual void ClearInput() = 0;              // InBufferCount = 0
+    virtual std::string Input() = 0;            // takes everything that waits
+    virtual void Output(std::string_view) = 0;  // 57 when the device fails, 8018 with a closed port
 
     virtual bool CDHolding() = 0;  // a carrier is there
 

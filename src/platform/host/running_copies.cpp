@@ -27,13 +27,13 @@ bool MakeOurs(const std::string& folder) {
 std::string MarksFolder() {
     const char* runtime = std::getenv("XDG_RUNTIME_DIR");
     if (runtime != nullptr && *runtime == '/') {
-        const std::string folder = std::string(runtime) + "/cumeron";
+        std::string folder = std::string(runtime) + "/cumeron";
         if (MakeOurs(folder)) return folder;
     }
     std::error_code error;
     const std::filesystem::path temporary = std::filesystem::temp_directory_path(error);
     if (error) return "";
-    const std::string folder = (temporary / ("cumeron-" + std::to_string(::getuid()))).string();
+    std::string folder = (temporary / ("cumeron-" + std::to_string(::getuid()))).string();
     return MakeOurs(folder) ? folder : "";
 }
 
