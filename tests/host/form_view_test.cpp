@@ -146,7 +146,7 @@ TEST_F(FormViewTest, AMarkStaysAsTheRecordHasItWhateverTheMenuDoes) {
 TEST_F(FormViewTest, TextsGoBothWays) {
     form.txtText.Text = "\x02one\r\ntwo";
     view.Sync();
-    EXPECT_EQ(Edit()->toPlainText(), QStringLiteral(u"\u2402one\ntwo"));
+    EXPECT_EQ(Edit()->toPlainText(), QStringLiteral(u"\u00B7one\ntwo"));
     Edit()->selectAll();
     Edit()->insertPlainText("three\nfour");
     EXPECT_EQ(form.txtText.Text, "three\r\nfour");

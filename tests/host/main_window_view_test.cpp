@@ -123,6 +123,16 @@ TEST_F(MainWindowViewTest, PanelsFillTheFootOfTheWindow) {
     EXPECT_EQ(Foot("Battery_Image_Void")->geometry().right() + 1, client.width());
 }
 
+TEST_F(MainWindowViewTest, InANarrowWindowTextsTakeTheRoomOfEmptyPanels) {
+    w.frmMain.sbaStatus.Errors.Text = "Msg21, No Errors";
+    w.frmMain.Width = 560 * TwipsPerPixel;
+    view.Sync();
+    Settle();
+    view.Sync();
+    for (const char* key : {"Log", "Errors"}) EXPECT_EQ(Foot(key)->text(), Foot(key)->FullText());
+    EXPECT_EQ(Foot("Battery_Image_Void")->geometry().right() + 1, 560);
+}
+
 TEST_F(MainWindowViewTest, APanelsTextTooWideEndsWithAnEllipsis) {
     w.frmMain.sbaStatus.Action.Text = std::string(200, 'M');
     view.Sync();

@@ -35,20 +35,19 @@ TEST(ToFileName, KeepsUtf8AndTranslatesTheRest) {
     EXPECT_EQ(ToFileName("/home/\xE4"), "/home/\xC3\xA4");
 }
 
-TEST(ControlPictures, ShowWhatHasNoPictureOfItsOwn) {
-    const QString shown = WithControlPictures(QString("\x01KN\x02\r\n\x03"));
-    EXPECT_EQ(shown, QStringLiteral(u"\u2401KN\u2402\r\n\u2403"));
-    EXPECT_EQ(WithoutControlPictures(shown), QString("\x01KN\x02\r\n\x03"));
+TEST(WithDotsForControls, LeavesTextAndLineEnds) {
+    EXPECT_EQ(WithDotsForControls(QString("\x01KN\x02\t\r\n\x03")),
+              QStringLiteral(u"\u00B7KN\u00B7\t\r\n\u00B7"));
 }
 
 TEST(LocaleFormats, DatesKeepOrderAndSeparator) {
     const struct {
         const char* pattern;
         const char* format;
-    } cases[] = {{"dd.MM.yy", "dd.mm.yyyy"},   {"M/d/yy", "mm/dd/yyyy"},
-                 {"yyyy-MM-dd", "yyyy-mm-dd"}, {"d. M. yyyy", "dd.mm.yyyy"},
-                 {"dddd", "dd.mm.yyyy"},       {"", "dd.mm.yyyy"},
-                 {"d.M.d", "dd.mm.yyyy"},      {"yyyy'y' M/d", "yyyy mm dd"}};
+    } cases[] = {
+        {"dd.MM.yy", "dd.mm.yyyy"},   {"M/d/yy", "mm/dd/yyyy"}, {"yyyy-MM-dd", "yyyy-mm-dd"},
+        {"d. M. yyyy", "dd.mm.yyyy"}, {"dddd", "dd.mm.yyyy"},   {"", "dd.mm.yyyy"},
+        {"d MMM yyyy", "dd.mm.yyyy"}, {"d.M.d", "dd.mm.yyyy"},  {"yyyy'y' M/d", "yyyy mm dd"}};
     for (const auto& c : cases) EXPECT_EQ(ShortDateFormat(c.pattern), c.format) << c.pattern;
 }
 

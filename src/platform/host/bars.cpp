@@ -76,27 +76,52 @@ void StatusPanel::ShowContents() {
     setPixmap(picture.pixmap(QSize(side, side), devicePixelRatioF()));
 }
 
-void StatusStrip::Arrange() {
-    int fixedRoom = 0;
-    int textWidths = 0;
+int StatusPanel::NeededWidth() const {
+    const int frame = width() - contentsRect().width();
+    const int needed = fontMetrics().horizontalAdvance(fullText) + 2 * Margin + frame;
+    return std::min(needed, wantedWidth);
+}
+
+std::vector<int> StatusStrip::Widths() const {
+    std::vector<int> widths(panels.size());
+    std::vector<int> shares(panels.size());  // weights of what is shared among the texts
+    int room = width();
+    int shareSum = 0;
+    int wantedSum = 0;
     for (const StatusPanel* panel : panels) {
-        if (panel->isHidden()) continue;
-        (panel->HasFixedWidth() ? fixedRoom : textWidths) += panel->WantedWidth();
+        if (!panel->isHidden()) wantedSum += panel->WantedWidth();
     }
-    const int textRoom = std::max(0, width() - fixedRoom);
-    int x = 0;
-    int textsBefore = 0;
-    for (StatusPanel* panel : panels) {
-        if (panel->isHidden()) continue;
-        int panelWidth = panel->WantedWidth();
-        if (!panel->HasFixedWidth() && textWidths > 0) {
-            // From sums, so that roundings do not add up.
-            const int begin = textRoom * textsBefore / textWidths;
-            textsBefore += panel->WantedWidth();
-            panelWidth = textRoom * textsBefore / textWidths - begin;
+    const bool narrow = wantedSum > room;
+    for (std::size_t i = 0; i < panels.size(); ++i) {
+        const StatusPanel& panel = *panels[i];
+        if (panel.isHidden()) continue;
+        if (panel.HasFixedWidth()) {
+            widths[i] = panel.WantedWidth();
+        } else {
+            widths[i] = narrow ? panel.NeededWidth() : 0;
+            shares[i] = panel.WantedWidth() - widths[i];
         }
-        panel->setGeometry(x, 0, panelWidth, height());
-        x += panelWidth;
+        room -= widths[i];
+        shareSum += shares[i];
+    }
+    int shared = 0;  // as a sum, so that roundings do not add up
+    for (std::size_t i = 0; i < panels.size(); ++i) {
+        if (shares[i] <= 0 || room <= 0) continue;
+        const int before = room * shared / shareSum;
+        shared += shares[i];
+        widths[i] += room * shared / shareSum - before;
+    }
+    return widths;
+}
+
+void StatusStrip::Arrange() {
+    const std::vector<int> widths = Widths();
+    int x = 0;
+    for (std::size_t i = 0; i < panels.size(); ++i) {
+        if (panels[i]->isHidden()) continue;
+        const QRect place(x, 0, widths[i], height());
+        if (panels[i]->geometry() != place) panels[i]->setGeometry(place);
+        x += widths[i];
     }
 }
 

@@ -38,6 +38,8 @@ public:
     void SetContents(const QString& text, const QIcon& icon);
 
     int WantedWidth() const { return wantedWidth; }
+    // What the text takes, at most the wanted width.
+    int NeededWidth() const;
     bool HasFixedWidth() const { return fixedWidth; }
     QString FullText() const { return fullText; }
 
@@ -57,13 +59,17 @@ class StatusStrip : public QWidget {
 public:
     explicit StatusStrip(QWidget* parent) : QWidget(parent) {}
     void Add(StatusPanel* panel) { panels.push_back(panel); }
-    // The pictures keep their width, the texts share what is left in the proportion of theirs.
+    // The pictures keep their width, the texts share what is left in the proportion of theirs; in a
+    // window too narrow for that, each text gets what it needs first.
     void Arrange();
 
 protected:
     void resizeEvent(QResizeEvent*) override { Arrange(); }
 
 private:
+    // The width of each panel, 0 for a hidden one.
+    std::vector<int> Widths() const;
+
     std::vector<StatusPanel*> panels;
 };
 

@@ -76,7 +76,7 @@ QFont FontOf(const std::string& name) {
 }
 
 QString ShownText(const TextBox& record) {
-    return WithControlPictures(ToUnicode(record.Text)).replace("\r\n", "\n").replace('\r', '\n');
+    return WithDotsForControls(ToUnicode(record.Text)).replace("\r\n", "\n").replace('\r', '\n');
 }
 
 // The end of a line is two characters of the record and one of the widget.
@@ -270,8 +270,7 @@ void FormView::Bind(const NamedControl& named, TextBox& record) {
     // A change that comes from the record does not go back there.
     connect(edit, &QPlainTextEdit::textChanged, this, [&record, edit] {
         if (edit->property("following").toBool()) return;
-        QString text = WithoutControlPictures(edit->toPlainText());
-        record.Text = FromUnicode(text.replace("\n", "\r\n"));
+        record.Text = FromUnicode(edit->toPlainText().replace("\n", "\r\n"));
     });
     steps.push_back(OnChange(
         record, [](const TextBox& r) { return r.Text; },

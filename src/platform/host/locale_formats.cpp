@@ -11,6 +11,8 @@
 namespace cumeron {
 namespace {
 
+constexpr const char* DefaultDate = "dd.mm.yyyy";
+
 struct PatternLetter {
     char letter;          // in the pattern of the locale
     const char* letters;  // in the program's formats
@@ -48,8 +50,9 @@ std::string Rewrite(const QString& pattern, const std::array<PatternLetter, 3>& 
 }  // namespace
 
 std::string ShortDateFormat(const QString& pattern) {
+    if (pattern.contains("MMM")) return DefaultDate;
     const std::string format = Rewrite(pattern, {{{'d', "dd"}, {'M', "mm"}, {'y', "yyyy"}}});
-    return format.empty() ? "dd.mm.yyyy" : format;
+    return format.empty() ? DefaultDate : format;
 }
 
 std::string LongTimeFormat(const QString& pattern) {

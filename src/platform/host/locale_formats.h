@@ -7,7 +7,8 @@
 namespace cumeron {
 
 // From "d.M.yy" and the like: its order and separators, with two digits for day and month and four
-// for the year, so that the year is never in doubt. "dd.mm.yyyy" where a part is missing.
+// for the year, so that the year is never in doubt. "dd.mm.yyyy" where a part is missing or the
+// month is a word.
 std::string ShortDateFormat(const QString& pattern);
 // From "h:mm:ss AP t" and the like: always 24 hours, with the locale's separators.
 std::string LongTimeFormat(const QString& pattern);

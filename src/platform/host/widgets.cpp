@@ -14,7 +14,7 @@ namespace cumeron {
 namespace {
 
 constexpr int SmallestFont = 8;  // pixels
-constexpr char16_t ControlPictures = 0x2400;
+constexpr char16_t ControlDot = 0x00B7;
 constexpr int BackspaceCode = 8, DeleteCode = 127;
 
 bool IsKept(char16_t c) { return c == '\r' || c == '\n' || c == '\t'; }
@@ -116,17 +116,9 @@ void GatedTextEdit::InsertThroughGate(const QString& text) {
     insertPlainText(ToUnicode(passed));
 }
 
-QString WithControlPictures(QString text) {
+QString WithDotsForControls(QString text) {
     for (QChar& c : text) {
-        if (c.unicode() < ' ' && !IsKept(c.unicode())) c = QChar(ControlPictures + c.unicode());
-    }
-    return text;
-}
-
-QString WithoutControlPictures(QString text) {
-    for (QChar& c : text) {
-        const unsigned code = c.unicode() - unsigned{ControlPictures};
-        if (code < ' ') c = QChar(code);
+        if (c.unicode() < ' ' && !IsKept(c.unicode())) c = QChar(ControlDot);
     }
     return text;
 }

@@ -68,8 +68,8 @@ private:
     void InsertThroughGate(const QString& text);
 };
 
-// Control characters of a text as their pictures, so that the frame around a message can be read.
-QString WithControlPictures(QString text);
-QString WithoutControlPictures(QString text);
+// Control characters of a text as dots, so that the frame around a message can be seen; fonts show
+// nothing or boxes for them.
+QString WithDotsForControls(QString text);
 
 }  // namespace cumeron
