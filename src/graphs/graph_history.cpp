@@ -7,9 +7,6 @@
 namespace cumeron {
 namespace {
 
-// So that the widest graph can be refilled even when three messages share a column.
-constexpr int SlotsPerPixel = 3;
-
 template <class Records>
 auto& RecordAt(Records& records, std::int16_t index) {
     if (index < 0 || static_cast<std::size_t>(index) >= records.size()) throw RuntimeError(9);

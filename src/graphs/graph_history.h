@@ -45,6 +45,11 @@ struct GraphState {
     double resizeSeenWidth = 0, resizeSeenHeight = 0;  // size at the last tick of ResizeTimer
 };
 
+// So that the widest graph can be refilled even when three messages share a column.
+inline constexpr int SlotsPerPixel = 3;
+// The widest screen whose history 16 bits can count, in pixels.
+inline constexpr int WidestHistory = 32767 / SlotsPerPixel;
+
 // HistorySize from the width of the screen in pixels: three slots to the pixel. Raises 6 when
 // that does not fit 16 bits. Makes the ring.
 void CreateHistory(Workstation& w, int screenWidthPixels);

@@ -55,7 +55,8 @@ public:
 };
 
 struct ScreenSize {
-    int width = 1024, height = 768;  // pixels of the whole desktop
+    int width = 1024, height = 768;  // pixels of the first screen
+    int desktopWidth = 0;            // pixels of all screens together; 0: there is only the one
 };
 
 struct Platform {

@@ -6,6 +6,7 @@
 #include "graphs/axes.h"
 #include "intake/models.h"
 #include "intake/port.h"
+#include "platform/runtime/dates.h"
 #include "platform/runtime/errors.h"
 #include "platform/runtime/text.h"
 #include "shell/dispatch.h"
@@ -19,7 +20,8 @@ namespace {
 constexpr int MarksCleared = 10;  // marks of crashed copies that the first copy takes away
 
 void Form_Initialize(Workstation& w) {
-    CreateHistory(w, w.platform.screen.width);
+    const ScreenSize& screen = w.platform.screen;
+    CreateHistory(w, std::max(screen.width, screen.desktopWidth));
     constexpr std::int32_t fixedRanges[] = {128, 255, 514, 751};
     std::ranges::copy(fixedRanges, w.graphs.RangeTable.begin() + 1);
     w.intake.ProfileScale = 1;
@@ -112,6 +114,7 @@ void SetUpGraphs(Workstation& w) {
     DimensionProfiles(w);
     w.graphs.GraphsReady = -1;
     w.graphs.MessageTime = w.platform.clock.Now();
+    w.intake.MessageClockTime = TimeOf(w.graphs.MessageTime);
     SetGraphCaptions(w);
     w.frmMain.Toolbar1.CloudIntensity.Value = 1;
     w.frmMain.Toolbar1.ClosePort.Value = 1;

@@ -111,6 +111,7 @@ TEST(Start, SetsUpEverythingOnACleanMachine) {
     EXPECT_EQ(w.graphs.GraphsReady, -1);
     EXPECT_EQ(w.graphs.UnitLabel, "[ft]");
     EXPECT_NEAR(w.graphs.MessageTime, machine.time.Now(), 1e-9);
+    EXPECT_NEAR(w.intake.MessageClockTime, TimeOf(machine.time.Now()), 1e-9);
     EXPECT_EQ(w.intake.ProfileScale, 1);
     EXPECT_EQ(w.intake.PreviousStatus, "00000");
     EXPECT_EQ(w.frmMain.lblCT.Caption, "KN30");
@@ -186,6 +187,14 @@ TEST(Start, ScreenTooWideForTheHistoryEndsTheProgram) {
     machine.Start("");
     EXPECT_EQ(machine.dialogs.TakeBox(), "Run-time error '6':\r\n\r\n" + ErrorText(6));
     EXPECT_TRUE(machine.Ended());
+}
+
+TEST(Start, AllScreensTogetherMakeTheHistoryAndTheFirstThePlace) {
+    ScriptedMachine machine;
+    machine.platform.screen = {800, 600, 3000};
+    machine.Start("");
+    EXPECT_EQ(machine.Program()->graphs.HistorySize, 9000);
+    EXPECT_EQ(machine.Program()->frmMain.Width, 9000);
 }
 
 TEST(QueryUnload, OnlyYesLetsTheProgramGo) {

@@ -2,17 +2,20 @@
 
 #include <QGuiApplication>
 #include <QScreen>
+#include <algorithm>
 
+#include "graphs/graph_history.h"
 #include "platform/host/port_map.h"
 
 namespace cumeron {
 namespace {
 
-ScreenSize WholeDesktop() {
-    const QScreen* screen = QGuiApplication::primaryScreen();
-    if (screen == nullptr) return {};
-    const QSize size = screen->virtualGeometry().size();
-    return {size.width(), size.height()};
+// A row of screens wider than the history can count gets the longest history that there is.
+ScreenSize ScreensOfDesktop() {
+    const QScreen* first = QGuiApplication::primaryScreen();
+    if (first == nullptr) return {};
+    return {first->size().width(), first->size().height(),
+            std::min(first->virtualSize().width(), WidestHistory)};
 }
 
 }  // namespace
@@ -21,6 +24,6 @@ HostMachine::HostMachine(std::string commandLine)
     : line([this](int number) { return PortDevice(files, number); }),
       process(std::move(commandLine)),
       copies(MarksFolder()),
-      platform{clock, events, line, files, dialogs, process, copies, WholeDesktop()} {}
+      platform{clock, events, line, files, dialogs, process, copies, ScreensOfDesktop()} {}
 
 }  // namespace cumeron
