@@ -9,9 +9,14 @@
 #include "intake/models.h"
 #include "platform/platform.h"
 #include "readings/instant_values.h"
+#include "shell/about.h"
 #include "shell/main_window.h"
 #include "shell/message_windows.h"
+#include "shell/model_dialog.h"
+#include "shell/port_dialog.h"
 #include "shell/settings.h"
+#include "shell/sky_window.h"
+#include "shell/start_options.h"
 #include "shell/startup.h"
 
 namespace cumeron {
@@ -31,10 +36,19 @@ struct Workstation {
     FrmMain frmMain;
     FrmDebug frmDebug;
     FrmStatus frmStatus;
+    FrmSmsg frmSmsg;
+    FrmSkyCond frmSkyCond;
+    FrmStart frmStart;
+    FrmAbout frmAbout;
+    FrmConfigScrn ConfigScrn;
+    FrmCType frmCType;
 
     SerialLine& comCTLine() { return platform.line; }
     // Every form, frmMain first.
-    std::vector<Form*> Forms() { return {&frmMain, &frmDebug, &frmStatus}; }
+    std::vector<Form*> Forms() {
+        return {&frmMain,  &frmDebug, &frmStatus,  &frmSmsg, &frmSkyCond,
+                &frmStart, &frmAbout, &ConfigScrn, &frmCType};
+    }
 };
 
 }  // namespace cumeron

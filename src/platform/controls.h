@@ -13,6 +13,9 @@ namespace cumeron {
 
 struct Workstation;
 using Handler = std::function<void(Workstation&)>;
+// A control was dropped; the point is in the scale of the control that it was dropped on.
+struct Control;
+using DropHandler = std::function<void(Workstation&, const Control& source, double x, double y)>;
 
 // What every control has.
 struct Control {
@@ -20,15 +23,19 @@ struct Control {
     bool Enabled = true;
     bool Visible = true;
     double Left = 0, Top = 0, Width = 0, Height = 0;
+    bool Draggable = false;  // the operator can drag it onto others
     Handler Click;
+    Handler MouseEnter;
+    DropHandler DragDrop;
 };
 
 enum class TextAlignment { Left, Right, Center };
 
 struct Label : Control {
     std::string Caption;
-    int ForeColor = 0;  // 00BBGGRR
-    int FontSize = 9;   // points
+    int ForeColor = 0;   // 00BBGGRR
+    int BackColor = -1;  // 00BBGGRR; -1 is that of the window
+    int FontSize = 9;    // points
     bool Bold = false;
     TextAlignment Alignment = TextAlignment::Left;
 };
@@ -41,6 +48,27 @@ struct Frame : Control {
 
 struct Button : Control {
     std::string Caption;
+};
+
+// One of several of which one is chosen: those that lie in the same frame. ChooseOption (form.h)
+// chooses one.
+struct OptionButton : Control {
+    std::string Caption;
+    bool Value = false;
+};
+
+struct CheckBox : Control {
+    std::string Caption;
+    int Value = 0;  // 1 when ticked
+};
+
+// A list to choose from. SelectItem and TypeItem (form.h) do what the operator does.
+struct ComboBox : Control {
+    std::vector<std::string> Items;
+    int ListIndex = -1;  // -1: none
+    std::string Text;    // of the chosen item, or what was typed
+    bool Editable = false;
+    Handler Change;  // a text was typed; Click: an item was chosen
 };
 
 // An entry of a menu bar; an entry that others name as their parent is a menu of its own.
@@ -76,6 +104,7 @@ struct TextBox : Control {
     std::string FontName;  // "" is the font of the desktop
     // Gets the code of the key and gives the one to use instead; 0 throws the key away.
     std::function<int(Workstation&, int)> KeyPress;
+    Handler Change;  // the operator has changed the text
 };
 
 // Due every Interval milliseconds, counted from the moment it was enabled.
@@ -106,7 +135,7 @@ private:
 struct Surface;
 
 using AnyControl = std::variant<Label*, Frame*, Button*, MenuEntry*, ToolButton*, Panel*, Image*,
-                                TextBox*, Surface*, Timer*>;
+                                TextBox*, Surface*, Timer*, OptionButton*, CheckBox*, ComboBox*>;
 
 // One line of a form's list of controls.
 struct NamedControl {

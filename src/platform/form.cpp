@@ -1,5 +1,9 @@
 #include "platform/form.h"
 
+#include <algorithm>
+
+#include "workstation.h"
+
 namespace cumeron {
 
 namespace {
@@ -30,7 +34,27 @@ void ShowForm(Workstation& w, Form& form) {
     Run(w, form.Paint);
 }
 
-void HideForm(Form& form) { form.Visible = false; }
+void ShowModal(Workstation& w, Form& form) {
+    if (form.Visible) return;
+    const Form* outer = ModalForm(w);
+    form.ModalDepth = outer ? outer->ModalDepth + 1 : 1;
+    ShowForm(w, form);
+    w.platform.events.WaitUntil([&form] { return !form.Visible; });
+}
+
+Form* ModalForm(Workstation& w) {
+    Form* deepest = nullptr;
+    for (Form* form : w.Forms()) {
+        if (!form->Visible || form->ModalDepth == 0) continue;
+        if (!deepest || form->ModalDepth > deepest->ModalDepth) deepest = form;
+    }
+    return deepest;
+}
+
+void HideForm(Form& form) {
+    form.Visible = false;
+    form.ModalDepth = 0;
+}
 
 bool CloseForm(Workstation& w, Form& form) {
     const auto queryUnload = form.QueryUnload;
@@ -59,6 +83,35 @@ void ChangeWindowState(Workstation& w, Form& form, int state) {
     if (!form.Loaded) return;
     form.WindowState = state;
     Run(w, form.Resize);
+}
+
+void ChooseOption(Workstation& w, Form& form, OptionButton& option) {
+    const ControlList controls = form.Controls();
+    const auto isChosen = [&](const NamedControl& named) {
+        auto* const* other = std::get_if<OptionButton*>(&named.control);
+        return other && *other == &option;
+    };
+    const auto chosen = std::find_if(controls.begin(), controls.end(), isChosen);
+    for (const NamedControl& named : controls) {
+        auto* const* other = std::get_if<OptionButton*>(&named.control);
+        if (other && named.parent == chosen->parent) (*other)->Value = false;
+    }
+    option.Value = true;
+    Run(w, option.Click);
+}
+
+void SelectItem(Workstation& w, ComboBox& list, int index) {
+    const bool inside = index >= 0 && index < static_cast<int>(list.Items.size());
+    list.ListIndex = inside ? index : -1;
+    list.Text = inside ? list.Items[static_cast<std::size_t>(index)] : "";
+    Run(w, list.Click);
+}
+
+void TypeItem(Workstation& w, ComboBox& list, const std::string& text) {
+    const auto item = std::find(list.Items.begin(), list.Items.end(), text);
+    list.Text = text;
+    list.ListIndex = item == list.Items.end() ? -1 : static_cast<int>(item - list.Items.begin());
+    Run(w, list.Change);
 }
 
 }  // namespace cumeron

@@ -24,6 +24,10 @@ struct Form {
     bool TopMost = false;
     bool Loaded = false;
     unsigned BroughtToFront = 0;  // counted up each time the form is to come to the front
+    unsigned SentToBack = 0;      // the same for going behind the others
+    int ModalDepth = 0;           // 0: not modal; of several modal forms the deepest has the input
+    // Size and place while WindowState is 0; kept while the window is minimised or maximised.
+    double normalLeft = 0, normalTop = 0, normalWidth = 0, normalHeight = 0;
     bool ShownSinceLoad = false;  // kept by ShowForm: Resize has come
 
     Handler Load, Resize, Activate, Paint, Unload;
@@ -43,6 +47,11 @@ void LoadForm(Workstation& w, Form& form);
 // Loads it if needed and shows it without waiting; Resize comes once, at the first show after a
 // load, then Activate and Paint.
 void ShowForm(Workstation& w, Form& form);
+// Shows it and gives turns to the event loop until it is hidden or unloaded. Meanwhile no other
+// form takes input. Returns at once when it is shown already.
+void ShowModal(Workstation& w, Form& form);
+// The form that alone takes input now; null when all do.
+Form* ModalForm(Workstation& w);
 // Hides it; it stays loaded and keeps what it holds.
 void HideForm(Form& form);
 // Asks QueryUnload, then unloads. False when the form stays.
@@ -53,5 +62,12 @@ void UnloadForm(Workstation& w, Form& form);
 void ResizeForm(Workstation& w, Form& form, double widthPixels, double heightPixels);
 // The window state was changed by the operator: 0, 1 or 2; runs Resize.
 void ChangeWindowState(Workstation& w, Form& form, int state);
+
+// Chooses the option, puts the others of its frame out, and runs its Click.
+void ChooseOption(Workstation& w, Form& form, OptionButton& option);
+// Chooses the item, from 0, and runs Click; an index outside the list selects nothing.
+void SelectItem(Workstation& w, ComboBox& list, int index);
+// Types a text into the list's box and runs Change; an item of that text counts as chosen.
+void TypeItem(Workstation& w, ComboBox& list, const std::string& text);
 
 }  // namespace cumeron

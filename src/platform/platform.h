@@ -2,7 +2,9 @@
 // Workstation holds it; platform/host and platform/scripted fill it.
 #pragma once
 
+#include <functional>
 #include <string>
+#include <vector>
 
 #include "platform/files.h"
 #include "platform/serial_line.h"
@@ -24,15 +26,20 @@ public:
     virtual void DoEvents() = 0;
     // The same turn for waiting loops; may sleep up to 10 ms when nothing is pending.
     virtual void WaitEvents() = 0;
+    // Turns until done() says so: a form is shown modally. The scripted machine serves its script
+    // meanwhile.
+    virtual void WaitUntil(const std::function<bool()>& done) = 0;
 };
 
-enum class BoxButtons { Ok, YesNo, RetryCancel };
+enum class BoxButtons { Ok, YesNo, YesNoCancel, RetryCancel };
+enum class BoxSign { None, Exclamation, Stop };
 enum class Answer { Ok, Yes, No, Cancel, Retry };
 
 class Dialogs {
 public:
     virtual ~Dialogs() = default;
-    virtual Answer MessageBox(const std::string& text, BoxButtons buttons) = 0;
+    virtual Answer MessageBox(const std::string& text, BoxButtons buttons,
+                              BoxSign sign = BoxSign::None) = 0;
     virtual void Beep() = 0;
 };
 
@@ -42,6 +49,27 @@ public:
     virtual std::string CommandLine() const = 0;
     // Folder of the program, without a separator at its end.
     virtual std::string ApplicationFolder() const = 0;
+    // Shows the manual: command 3 its contents, 1 the page of a topic. Raises 53 when there is
+    // nothing to show it with.
+    virtual void Help(const std::string& file, int command, int topic) = 0;
+};
+
+// A serial device that is present now.
+struct SerialDevice {
+    std::string name;  // the one that outlives replugging, where there is one
+    std::string description, serialNumber;
+};
+
+// Which device stands behind the number of a port.
+class PortMap {
+public:
+    virtual ~PortMap() = default;
+    virtual std::vector<SerialDevice> Devices() = 0;
+    virtual std::string DeviceOf(int number) = 0;  // "" when there is none
+    virtual bool IsPresent(int number) = 0;        // the device behind the number is there
+    // The number stands for that device from the next opening on, in this and later runs. Raises
+    // as Files::Replace.
+    virtual void Pair(int number, const std::string& device) = 0;
 };
 
 // Marks of running copies: named, system-wide, countable; a mark goes when it is deleted.
@@ -67,6 +95,7 @@ struct Platform {
     Dialogs& dialogs;
     Process& process;
     RunningCopies& copies;
+    PortMap& ports;
     ScreenSize screen;
 };
 

@@ -86,6 +86,20 @@ ControlList FrmStatus::Controls() {
 
 void FrmStatus::Reset() { *this = FrmStatus(); }
 
+FrmSmsg::FrmSmsg() {
+    Name = "frmSmsg";
+    Caption = "STATUS Message";
+    Width = 640 * TwipsPerPixel;
+    Height = 360 * TwipsPerPixel;
+    stsMessage.MultiLine = true;
+    stsMessage.FontName = "Courier";
+    Place(stsMessage, 0, 0, 640, 360);
+}
+
+ControlList FrmSmsg::Controls() { return {{"stsMessage", -1, "", &stsMessage}}; }
+
+void FrmSmsg::Reset() { *this = FrmSmsg(); }
+
 void AddToMessageWindow(Workstation& w, std::string_view text) {
     LoadForm(w, w.frmDebug);
     TextBox& txtMessage = w.frmDebug.txtMessage;

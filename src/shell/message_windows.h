@@ -26,6 +26,15 @@ struct FrmStatus : Form {
     void Reset() override;
 };
 
+// The full status message that the instrument sent in reply.
+struct FrmSmsg : Form {
+    TextBox stsMessage;
+
+    FrmSmsg();
+    ControlList Controls() override;
+    void Reset() override;
+};
+
 // Puts text in front of what txtMessage holds; past 15000 characters it is cut to the first 8000.
 void AddToMessageWindow(Workstation& w, std::string_view text);
 void mnuShowMessage_Click(Workstation& w);

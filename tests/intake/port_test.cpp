@@ -135,8 +135,9 @@ TEST(HangUpModem, DropsDTRWhateverItWas) {
         for (const bool fails : {false, true}) {
             ScriptedMachine machine;
             NotingLine line(machine.time);
-            Platform platform{machine.time,    machine.time,    line,           machine.files,
-                              machine.dialogs, machine.process, machine.copies, {}};
+            Platform platform{machine.time,   machine.time,    line,
+                              machine.files,  machine.dialogs, machine.process,
+                              machine.copies, machine.ports,   {}};
             Workstation w(platform);
             line.ScriptedLine::SetDTREnable(before);
             line.fails = fails;

@@ -162,9 +162,11 @@ struct Kind {
 
 // In the order of AnyControl.
 constexpr Kind Kinds[] = {
-    {"Label", "Caption"},    {"Frame", "Caption"}, {"Button", "Caption"}, {"MenuEntry", "Checked"},
-    {"ToolButton", "Value"}, {"Panel", "Text"},    {"Image", "Picture"},  {"TextBox", "Text"},
-    {"Surface", ""},         {"Timer", "Enabled"},
+    {"Label", "Caption"},      {"Frame", "Caption"},      {"Button", "Caption"},
+    {"MenuEntry", "Checked"},  {"ToolButton", "Value"},   {"Panel", "Text"},
+    {"Image", "Picture"},      {"TextBox", "Text"},       {"Surface", ""},
+    {"Timer", "Enabled"},      {"OptionButton", "Value"}, {"CheckBox", "Value"},
+    {"ComboBox", "ListIndex"},
 };
 static_assert(std::size(Kinds) == std::variant_size_v<AnyControl>, "a kind of control is missing");
 

@@ -106,7 +106,7 @@ std::vector<int> StatusStrip::Widths() const {
     }
     int shared = 0;  // as a sum, so that roundings do not add up
     for (std::size_t i = 0; i < panels.size(); ++i) {
-        if (shares[i] <= 0 || room <= 0) continue;
+        if (shares[i] <= 0 || shareSum <= 0 || room <= 0) continue;
         const int before = room * shared / shareSum;
         shared += shares[i];
         widths[i] += room * shared / shareSum - before;

@@ -18,6 +18,9 @@ BoxKind KindOf(BoxButtons buttons) {
     switch (buttons) {
         case BoxButtons::YesNo:
             return {QMessageBox::Question, QMessageBox::Yes | QMessageBox::No, QMessageBox::No};
+        case BoxButtons::YesNoCancel:
+            return {QMessageBox::Question, QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel,
+                    QMessageBox::Cancel};
         case BoxButtons::RetryCancel:
             return {QMessageBox::Warning, QMessageBox::Retry | QMessageBox::Cancel,
                     QMessageBox::Cancel};
@@ -25,6 +28,11 @@ BoxKind KindOf(BoxButtons buttons) {
             break;
     }
     return {QMessageBox::Information, QMessageBox::Ok, QMessageBox::Ok};
+}
+
+QMessageBox::Icon IconOf(BoxSign sign, QMessageBox::Icon usual) {
+    if (sign == BoxSign::Exclamation) return QMessageBox::Warning;
+    return sign == BoxSign::Stop ? QMessageBox::Critical : usual;
 }
 
 Answer AnswerOf(int button) {
@@ -44,10 +52,10 @@ Answer AnswerOf(int button) {
 
 }  // namespace
 
-Answer HostDialogs::MessageBox(const std::string& text, BoxButtons buttons) {
+Answer HostDialogs::MessageBox(const std::string& text, BoxButtons buttons, BoxSign sign) {
     const BoxKind kind = KindOf(buttons);
-    QMessageBox box(kind.icon, Title ? ToUnicode(Title()) : QString(), ToUnicode(text),
-                    kind.buttons, Owner ? Owner() : nullptr);
+    QMessageBox box(IconOf(sign, kind.icon), Title ? ToUnicode(Title()) : QString(),
+                    ToUnicode(text), kind.buttons, Owner ? Owner() : nullptr);
     box.setTextFormat(Qt::PlainText);
     box.setEscapeButton(kind.escape);
     return AnswerOf(box.exec());

@@ -11,7 +11,8 @@ namespace cumeron {
 
 class HostDialogs : public Dialogs {
 public:
-    Answer MessageBox(const std::string& text, BoxButtons buttons) override;
+    Answer MessageBox(const std::string& text, BoxButtons buttons,
+                      BoxSign sign = BoxSign::None) override;
     void Beep() override;
 
     // The window that boxes stand in front of and its title; set by the view.

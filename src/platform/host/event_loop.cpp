@@ -20,6 +20,10 @@ bool HostEventLoop::Turn() {
 
 void HostEventLoop::DoEvents() { Turn(); }
 
+void HostEventLoop::WaitUntil(const std::function<bool()>& done) {
+    while (!done()) WaitEvents();
+}
+
 void HostEventLoop::WaitEvents() {
     if (Turn()) return;
     waker.start();

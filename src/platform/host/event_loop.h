@@ -14,6 +14,7 @@ public:
     HostEventLoop();
     void DoEvents() override;
     void WaitEvents() override;
+    void WaitUntil(const std::function<bool()>& done) override;
 
     // Called before each turn; the view brings its widgets in line there.
     std::function<void()> BeforeTurn;

@@ -1,10 +1,13 @@
 // The controls of a form view: a widget for each kind of record, and the step that brings it in
 // line. Each step remembers what it has shown and touches the widget only where the record differs.
 #include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
 #include <QFontDatabase>
 #include <QGroupBox>
 #include <QMenu>
 #include <QPushButton>
+#include <QRadioButton>
 #include <cmath>
 
 #include "platform/host/colours.h"
@@ -294,6 +297,60 @@ void FormView::Bind(const NamedControl& named, Surface& record) {
     surfaceSteps.push_back(OnChange(
         record, [](const Surface& r) { return r.Changes(); },
         [widget](const Surface&) { widget->update(); }));
+}
+
+void FormView::Bind(const NamedControl& named, OptionButton& record) {
+    auto* option = new QRadioButton(ParentOf(named));
+    option->setAutoExclusive(false);  // the records know which belong together
+    Follow(named, record, option);
+    connect(option, &QRadioButton::clicked, this, [this, &record] {
+        Run([this, &record](Workstation& w) { ChooseOption(w, form, record); });
+    });
+    steps.push_back([&record, option] {
+        if (option->text() != ToUnicode(record.Caption)) option->setText(ToUnicode(record.Caption));
+        if (option->isChecked() != record.Value) option->setChecked(record.Value);
+    });
+}
+
+void FormView::Bind(const NamedControl& named, CheckBox& record) {
+    auto* box = new QCheckBox(ParentOf(named));
+    Follow(named, record, box);
+    connect(box, &QCheckBox::clicked, this, [this, &record](bool ticked) {
+        record.Value = ticked ? 1 : 0;
+        Run(record.Click);
+    });
+    steps.push_back([&record, box] {
+        if (box->text() != ToUnicode(record.Caption)) box->setText(ToUnicode(record.Caption));
+        if (box->isChecked() != (record.Value != 0)) box->setChecked(record.Value != 0);
+    });
+}
+
+void FormView::Bind(const NamedControl& named, ComboBox& record) {
+    auto* list = new QComboBox(ParentOf(named));
+    list->setEditable(record.Editable);
+    Follow(named, record, list);
+    connect(list, &QComboBox::activated, this, [this, &record](int index) {
+        Run([&record, index](Workstation& w) { SelectItem(w, record, index); });
+    });
+    connect(list, &QComboBox::editTextChanged, this, [this, &record](const QString& text) {
+        const std::string typed = FromUnicode(text);
+        if (typed == record.Text) return;
+        Run([&record, typed](Workstation& w) { TypeItem(w, record, typed); });
+    });
+    steps.push_back(OnChange(
+        record, [](const ComboBox& r) { return r.Items; },
+        [list](const ComboBox& r) {
+            const QSignalBlocker quiet(list);
+            list->clear();
+            for (const std::string& item : r.Items) list->addItem(ToUnicode(item));
+        }));
+    steps.push_back(OnChange(
+        record, [](const ComboBox& r) { return std::make_pair(r.ListIndex, r.Text); },
+        [list](const ComboBox& r) {
+            const QSignalBlocker quiet(list);
+            list->setCurrentIndex(r.ListIndex);
+            if (r.Editable) list->setEditText(ToUnicode(r.Text));
+        }));
 }
 
 }  // namespace cumeron

@@ -54,6 +54,9 @@ private:
     void Bind(const NamedControl& named, Image& record);
     void Bind(const NamedControl& named, TextBox& record);
     void Bind(const NamedControl& named, Surface& record);
+    void Bind(const NamedControl& named, OptionButton& record);
+    void Bind(const NamedControl& named, CheckBox& record);
+    void Bind(const NamedControl& named, ComboBox& record);
     void Bind(const NamedControl&, Timer&) {}  // the host view's
 
     void BindAll();

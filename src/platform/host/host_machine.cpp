@@ -24,6 +24,7 @@ HostMachine::HostMachine(std::string commandLine)
     : line([this](int number) { return PortDevice(files, number); }),
       process(std::move(commandLine)),
       copies(MarksFolder()),
-      platform{clock, events, line, files, dialogs, process, copies, ScreensOfDesktop()} {}
+      ports(files),
+      platform{clock, events, line, files, dialogs, process, copies, ports, ScreensOfDesktop()} {}
 
 }  // namespace cumeron

@@ -6,6 +6,7 @@
 #include "platform/host/dialogs.h"
 #include "platform/host/event_loop.h"
 #include "platform/host/files.h"
+#include "platform/host/port_map.h"
 #include "platform/host/process.h"
 #include "platform/host/running_copies.h"
 #include "platform/host/serial_line.h"
@@ -24,6 +25,7 @@ struct HostMachine {
     HostDialogs dialogs;
     HostProcess process;
     HostRunningCopies copies;
+    HostPorts ports;
     Platform platform;
 };
 

@@ -1,7 +1,11 @@
 #include "platform/host/port_map.h"
 
+#include <unistd.h>
+
+#include <QSerialPortInfo>
 #include <cstdlib>
 
+#include "platform/host/unicode.h"
 #include "platform/profile_file.h"
 #include "platform/runtime/errors.h"
 
@@ -21,6 +25,26 @@ std::string PortDevice(Files& files, int number) {
     // A missing or unreadable map is an empty one.
     ResumeNext([&] { text = files.Read(files.SettingsFolder() + "/ports.ini"); });
     return ProfileValue(text, "ports", std::to_string(number), UsualDevice(number));
+}
+
+bool HostPorts::IsPresent(int number) {
+    const std::string device = DeviceOf(number);
+    return !device.empty() && ::access(device.c_str(), F_OK) == 0;
+}
+
+std::vector<SerialDevice> HostPorts::Devices() {
+    std::vector<SerialDevice> devices;
+    for (const QSerialPortInfo& info : QSerialPortInfo::availablePorts()) {
+        devices.push_back({FromUnicode(info.systemLocation()), FromUnicode(info.description()),
+                           FromUnicode(info.serialNumber())});
+    }
+    return devices;
+}
+
+void HostPorts::Pair(int number, const std::string& device) {
+    const std::string name = files.SettingsFolder() + "/ports.ini";
+    const std::string text = files.Exists(name) ? files.Read(name) : "";
+    files.Replace(name, WithProfileValue(text, "ports", std::to_string(number), device));
 }
 
 }  // namespace cumeron

@@ -10,6 +10,7 @@ public:
     explicit HostProcess(std::string line) : commandLine(std::move(line)) {}
     std::string CommandLine() const override { return commandLine; }
     std::string ApplicationFolder() const override;
+    void Help(const std::string& file, int command, int topic) override;
 
 private:
     std::string commandLine;

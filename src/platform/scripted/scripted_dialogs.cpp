@@ -14,6 +14,8 @@ std::vector<Answer> AnswersOf(BoxButtons buttons) {
             return {Answer::Ok};
         case BoxButtons::YesNo:
             return {Answer::Yes, Answer::No};
+        case BoxButtons::YesNoCancel:
+            return {Answer::Yes, Answer::No, Answer::Cancel};
         case BoxButtons::RetryCancel:
             return {Answer::Retry, Answer::Cancel};
     }
@@ -22,7 +24,7 @@ std::vector<Answer> AnswersOf(BoxButtons buttons) {
 
 }  // namespace
 
-Answer ScriptedDialogs::MessageBox(const std::string& text, BoxButtons buttons) {
+Answer ScriptedDialogs::MessageBox(const std::string& text, BoxButtons buttons, BoxSign) {
     boxes.push_back(text);
     const std::vector<Answer> possible = AnswersOf(buttons);
     const bool answered = !answers.empty() && std::find(possible.begin(), possible.end(),

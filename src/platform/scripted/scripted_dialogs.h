@@ -19,7 +19,8 @@ class ScriptedDialogs : public Dialogs {
 public:
     // A box with a lone OK is answered OK; throws UnansweredBox when another box finds no answer,
     // or one that is none of its buttons.
-    Answer MessageBox(const std::string& text, BoxButtons buttons) override;
+    Answer MessageBox(const std::string& text, BoxButtons buttons,
+                      BoxSign sign = BoxSign::None) override;
     void Beep() override { ++beeps; }
 
     // For the next boxes, in order. A box with a lone OK takes an OK and leaves other answers to

@@ -5,9 +5,13 @@
 // or, for the whole program, machine.Start("").
 #pragma once
 
+#include <algorithm>
+#include <deque>
+#include <map>
 #include <memory>
 #include <set>
 #include <string>
+#include <vector>
 
 #include "platform/platform.h"
 #include "platform/runtime/errors.h"
@@ -26,10 +30,32 @@ public:
         return files.Style() == PathStyle::Windows ? "C:\\CUMERON" : "/usr/bin";
     }
 
+    void Help(const std::string& file, int command, int topic) override {
+        started.push_back("help " + file + " " + std::to_string(command) + " " +
+                          std::to_string(topic));
+    }
+
     std::string commandLine;
+    std::deque<std::string> started;  // not yet asked about, the oldest first
 
 private:
     const Files& files;
+};
+
+// A map without devices until a script puts some there.
+class ScriptedPorts : public PortMap {
+public:
+    std::vector<SerialDevice> Devices() override { return devices; }
+    std::string DeviceOf(int number) override { return pairs[number]; }
+    bool IsPresent(int number) override {
+        return std::any_of(devices.begin(), devices.end(), [&](const SerialDevice& device) {
+            return device.name == pairs[number];
+        });
+    }
+    void Pair(int number, const std::string& device) override { pairs[number] = device; }
+
+    std::vector<SerialDevice> devices;
+    std::map<int, std::string> pairs;
 };
 
 class ScriptedCopies : public RunningCopies {
@@ -56,7 +82,8 @@ public:
     ScriptedDialogs dialogs;
     ScriptedProcess process{files};
     ScriptedCopies copies;
-    Platform platform{time, time, line, files, dialogs, process, copies, {}};
+    ScriptedPorts ports;
+    Platform platform{time, time, line, files, dialogs, process, copies, ports, {}};
 
     // Starts the program afresh; the clock, the files and the marks stay as they are.
     void Start(const std::string& commandLine);

@@ -31,6 +31,12 @@ void ScriptedTime::DoEvents() { AdvanceTo(elapsed + MicrosPerTurn); }
 
 void ScriptedTime::WaitEvents() { DoEvents(); }
 
+void ScriptedTime::WaitUntil(const std::function<bool()>& done) {
+    while (!done()) {
+        if (!ServeMeanwhile || !ServeMeanwhile()) WaitEvents();
+    }
+}
+
 void ScriptedTime::AdvanceTo(Micros end) {
     while (ServeNext(end)) {
     }

@@ -27,6 +27,10 @@ public:
     // Both take MicrosPerTurn and serve what is due.
     void DoEvents() override;
     void WaitEvents() override;
+    // Serves ServeMeanwhile until done(); without one, turns.
+    void WaitUntil(const std::function<bool()>& done) override;
+    // What goes on while a form is shown modally: the script's next step. False when there is none.
+    std::function<bool()> ServeMeanwhile;
 
     // Virtual time since the beginning; a jump of the clock does not touch it.
     Micros Elapsed() const { return elapsed; }
