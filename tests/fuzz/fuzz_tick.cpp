@@ -17,6 +17,9 @@
 namespace cumeron {
 namespace {
 
+// How an error that escaped from the tick or the line stands in the message window.
+constexpr std::string_view EscapedError = "Run-time error";
+
 void Require(bool held) {
     if (!held) std::abort();
 }
@@ -58,14 +61,15 @@ void CheckAtRest(const ScriptedMachine& machine, Workstation& w) {
     Require(machine.Running());
     Require(w.intake.IntakeBusy == 0);
     Require(w.frmMain.MousePointer == 0);
-    Require(w.frmDebug.txtMessage.Text.find("Run-time error") == std::string::npos);
+    Require(w.frmDebug.txtMessage.Text.find(EscapedError) == std::string::npos);
 }
 
 // A chunk may be as long as the longest message.
 constexpr std::size_t LengthUnit = 32;
 
 void Run(std::string_view input) {
-    if (input.empty()) return;
+    // Input that holds the words itself would be taken for an error.
+    if (input.empty() || input.find(EscapedError) != input.npos) return;
     const auto codes = ModelCodes();
     const int code = codes[static_cast<unsigned char>(input.front()) % codes.size()];
     input.remove_prefix(1);
