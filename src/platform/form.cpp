@@ -14,6 +14,22 @@ void Run(Workstation& w, Handler handler) {
     if (handler) handler(w);
 }
 
+void SetClientArea(Form& form, double widthPixels, double heightPixels) {
+    form.Width = widthPixels * TwipsPerPixel;
+    form.Height = heightPixels * TwipsPerPixel;
+}
+
+void TakeWindowState(Form& form, int state) {
+    if (form.WindowState == 0) KeepNormalPlace(form);
+    if (state == 0) {
+        form.Left = form.normalLeft;
+        form.Top = form.normalTop;
+        form.Width = form.normalWidth;
+        form.Height = form.normalHeight;
+    }
+    form.WindowState = state;
+}
+
 }  // namespace
 
 void LoadForm(Workstation& w, Form& form) {
@@ -66,22 +82,48 @@ bool CloseForm(Workstation& w, Form& form) {
 void UnloadForm(Workstation& w, Form& form) {
     if (!form.Loaded) return;
     Run(w, form.Unload);
-    // The views look for a change of this number; starting afresh could repeat one they have seen.
+    // The views look for a change of these numbers; starting afresh could repeat one they have
+    // seen.
     const unsigned broughtToFront = form.BroughtToFront;
+    const unsigned sentToBack = form.SentToBack;
     form.Reset();
     form.BroughtToFront = broughtToFront;
+    form.SentToBack = sentToBack;
+}
+
+void KeepNormalPlace(Form& form) {
+    form.normalLeft = form.Left;
+    form.normalTop = form.Top;
+    form.normalWidth = form.Width;
+    form.normalHeight = form.Height;
+}
+
+void MoveForm(Workstation&, Form& form, double left, double top) {
+    if (!form.Loaded) return;
+    form.Left = left;
+    form.Top = top;
+    if (form.WindowState == 0) KeepNormalPlace(form);
 }
 
 void ResizeForm(Workstation& w, Form& form, double widthPixels, double heightPixels) {
     if (!form.Loaded) return;
-    form.Width = widthPixels * TwipsPerPixel;
-    form.Height = heightPixels * TwipsPerPixel;
+    SetClientArea(form, widthPixels, heightPixels);
+    if (form.WindowState == 0) KeepNormalPlace(form);
     Run(w, form.Resize);
 }
 
 void ChangeWindowState(Workstation& w, Form& form, int state) {
     if (!form.Loaded) return;
-    form.WindowState = state;
+    TakeWindowState(form, state);
+    Run(w, form.Resize);
+}
+
+void ChangeWindowState(Workstation& w, Form& form, int state, double widthPixels,
+                       double heightPixels) {
+    if (!form.Loaded) return;
+    TakeWindowState(form, state);
+    SetClientArea(form, widthPixels, heightPixels);
+    if (state == 0) KeepNormalPlace(form);
     Run(w, form.Resize);
 }
 

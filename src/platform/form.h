@@ -26,7 +26,8 @@ struct Form {
     unsigned BroughtToFront = 0;  // counted up each time the form is to come to the front
     unsigned SentToBack = 0;      // the same for going behind the others
     int ModalDepth = 0;           // 0: not modal; of several modal forms the deepest has the input
-    // Size and place while WindowState is 0; kept while the window is minimised or maximised.
+    // Place and size, in twips, to which a minimised or maximised window goes back. The procedures
+    // below keep them; who sets Left, Top, Width or Height itself calls KeepNormalPlace.
     double normalLeft = 0, normalTop = 0, normalWidth = 0, normalHeight = 0;
     bool ShownSinceLoad = false;  // kept by ShowForm: Resize has come
 
@@ -56,12 +57,21 @@ Form* ModalForm(Workstation& w);
 void HideForm(Form& form);
 // Asks QueryUnload, then unloads. False when the form stays.
 bool CloseForm(Workstation& w, Form& form);
-// Unload without the question, then the design state; BroughtToFront goes on counting.
+// Unload without the question, then the design state; BroughtToFront and SentToBack go on counting.
 void UnloadForm(Workstation& w, Form& form);
-// The window has a new client area, in pixels: stores it and runs Resize.
+// The place and size of the record are the normal ones, whatever WindowState says.
+void KeepNormalPlace(Form& form);
+// The operator has moved the window; twips.
+void MoveForm(Workstation& w, Form& form, double left, double top);
+// The window has a new client area, in pixels: stores it and runs Resize. A size that comes with a
+// new window state goes to ChangeWindowState, so that it does not pass for the normal one.
 void ResizeForm(Workstation& w, Form& form, double widthPixels, double heightPixels);
-// The window state was changed by the operator: 0, 1 or 2; runs Resize.
+// The window is normal (0), minimised (1) or maximised (2) now; runs Resize. State 0 puts the
+// normal place and size into the record.
 void ChangeWindowState(Workstation& w, Form& form, int state);
+// The same with the client area that came with the state, in pixels.
+void ChangeWindowState(Workstation& w, Form& form, int state, double widthPixels,
+                       double heightPixels);
 
 // Chooses the option, puts the others of its frame out, and runs its Click.
 void ChooseOption(Workstation& w, Form& form, OptionButton& option);

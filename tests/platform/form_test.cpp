@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <memory>
 #include <string>
 
@@ -38,7 +39,7 @@ struct TestForm : Form {
     void Reset() override {
         Caption = "";
         Loaded = Visible = false;
-        BroughtToFront = 0;
+        BroughtToFront = SentToBack = 0;
     }
 };
 
@@ -134,11 +135,13 @@ TEST_F(FormLife, UnloadOfAFormThatIsNotLoadedDoesNothing) {
     EXPECT_EQ(form.Caption, "kept");
 }
 
-TEST_F(FormLife, BroughtToFrontGoesOnCountingOverAnUnload) {
+TEST_F(FormLife, TheOrderOfWindowsGoesOnCountingOverAnUnload) {
     LoadForm(w, form);
     form.BroughtToFront = 3;
+    form.SentToBack = 2;
     UnloadForm(w, form);
     EXPECT_EQ(form.BroughtToFront, 3u);
+    EXPECT_EQ(form.SentToBack, 2u);
 }
 
 TEST_F(FormLife, ShowingDoesNotBringToTheFrontByItself) {
@@ -165,9 +168,103 @@ TEST_F(FormLife, WindowStateIsStoredBeforeResize) {
     EXPECT_EQ(seen, 2);
 }
 
+// Left, Top, Width and Height of the record, in twips.
+using Place = std::array<double, 4>;
+Place PlaceOf(const Form& form) { return {form.Left, form.Top, form.Width, form.Height}; }
+
+TEST_F(FormLife, TheNormalPlaceComesBackFromEveryOtherState) {
+    const Place normal = {150, 75, 6000, 4500};
+    const struct {
+        const char* what;
+        void (*go)(Workstation&, Form&);
+    } ways[] = {
+        {"maximised", [](Workstation& w, Form& f) { ChangeWindowState(w, f, 2, 1024, 768); }},
+        {"maximised, its size later",
+         [](Workstation& w, Form& f) {
+             ChangeWindowState(w, f, 2);
+             ResizeForm(w, f, 1024, 768);
+         }},
+        {"moved while maximised",
+         [](Workstation& w, Form& f) {
+             ChangeWindowState(w, f, 2, 1024, 768);
+             MoveForm(w, f, 3000, 3000);
+         }},
+        {"minimised", [](Workstation& w, Form& f) { ChangeWindowState(w, f, 1); }},
+        {"minimised from maximised",
+         [](Workstation& w, Form& f) {
+             ChangeWindowState(w, f, 2, 1024, 768);
+             ChangeWindowState(w, f, 1);
+         }},
+        {"a state that was set alone", [](Workstation&, Form& f) { f.WindowState = 2; }},
+    };
+    for (const auto& way : ways) {
+        TestForm fresh;
+        LoadForm(w, fresh);
+        MoveForm(w, fresh, normal[0], normal[1]);
+        ResizeForm(w, fresh, 400, 300);
+        ASSERT_EQ(PlaceOf(fresh), normal);
+        way.go(w, fresh);
+        ChangeWindowState(w, fresh, 0);
+        EXPECT_EQ(PlaceOf(fresh), normal) << way.what;
+        EXPECT_EQ(fresh.WindowState, 0) << way.what;
+    }
+}
+
+TEST_F(FormLife, APlaceMovedToLastIsTheNormalOne) {
+    LoadForm(w, form);
+    ResizeForm(w, form, 400, 300);
+    MoveForm(w, form, 150, 75);
+    form.WindowState = 2;
+    form.Left = 3000;
+    ChangeWindowState(w, form, 0);
+    EXPECT_EQ(PlaceOf(form), (Place{150, 75, 6000, 4500}));
+}
+
+TEST_F(FormLife, APlaceSetInTheRecordIsTheNormalOneToo) {
+    LoadForm(w, form);
+    form.Left = 45;
+    ChangeWindowState(w, form, 2, 1024, 768);
+    EXPECT_EQ(form.Width, 15360);
+    EXPECT_EQ(form.Height, 11520);
+    ChangeWindowState(w, form, 0);
+    EXPECT_EQ(PlaceOf(form), (Place{45, 0, 300, 150}));
+
+    form.WindowState = 2;
+    form.Top = 60;
+    KeepNormalPlace(form);
+    ChangeWindowState(w, form, 0);
+    EXPECT_EQ(PlaceOf(form), (Place{45, 60, 300, 150}));
+}
+
+TEST_F(FormLife, ANewSizeThatComesWithTheNormalStateIsTheNormalOne) {
+    LoadForm(w, form);
+    ChangeWindowState(w, form, 2, 1024, 768);
+    ChangeWindowState(w, form, 0, 400, 300);
+    EXPECT_EQ(PlaceOf(form), (Place{0, 0, 6000, 4500}));
+    form.WindowState = 1;
+    form.Width = 1;
+    ChangeWindowState(w, form, 0);
+    EXPECT_EQ(PlaceOf(form), (Place{0, 0, 6000, 4500}));
+}
+
+TEST_F(FormLife, StateAndSizeAreStoredBeforeOneResize) {
+    LoadForm(w, form);
+    int seen = 0;
+    form.Resize = [&](Workstation&) {
+        ++seen;
+        EXPECT_EQ(form.WindowState, 2);
+        EXPECT_EQ(form.Width, 15360);
+    };
+    ChangeWindowState(w, form, 2, 1024, 768);
+    EXPECT_EQ(seen, 1);
+}
+
 TEST_F(FormLife, AFormThatIsNotLoadedIsNotChanged) {
     ResizeForm(w, form, 640, 360);
     ChangeWindowState(w, form, 2);
+    ChangeWindowState(w, form, 2, 640, 360);
+    MoveForm(w, form, 30, 30);
+    EXPECT_EQ(form.Left, 0);
     EXPECT_EQ(form.Width, 300);
     EXPECT_EQ(form.WindowState, 0);
     EXPECT_EQ(Traced(), "");

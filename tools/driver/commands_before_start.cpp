@@ -97,7 +97,6 @@ void RunStaleMark(Session& session, const Words& arguments) {
 void RunStart(Session& session, const Words& arguments) {
     if (session.machine.Running()) throw CommandError{"the program runs already"};
     session.settingLines.clear();
-    session.normalSizes.clear();
     session.machine.Start(arguments.empty() ? "" : arguments[0]);
 }
 

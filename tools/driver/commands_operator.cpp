@@ -152,23 +152,11 @@ void RunMinimize(Session& session, const Words& arguments) {
 void RunMaximize(Session& session, const Words& arguments) {
     Form& form = VisibleForm(session, arguments[0]);
     const ScreenSize screen = session.machine.platform.screen;
-    session.normalSizes.try_emplace(form.Name, ScreenSize{static_cast<int>(form.ScaleWidth()),
-                                                          static_cast<int>(form.ScaleHeight())});
-    form.Width = screen.width * TwipsPerPixel;
-    form.Height = screen.height * TwipsPerPixel;
-    ChangeState(session, arguments[0], 2);
+    Dispatch(session,
+             [&](Workstation& w) { ChangeWindowState(w, form, 2, screen.width, screen.height); });
 }
 
-void RunRestore(Session& session, const Words& arguments) {
-    Form& form = VisibleForm(session, arguments[0]);
-    const auto normal = session.normalSizes.find(form.Name);
-    if (normal != session.normalSizes.end()) {
-        form.Width = normal->second.width * TwipsPerPixel;
-        form.Height = normal->second.height * TwipsPerPixel;
-        session.normalSizes.erase(normal);
-    }
-    ChangeState(session, arguments[0], 0);
-}
+void RunRestore(Session& session, const Words& arguments) { ChangeState(session, arguments[0], 0); }
 
 void RunActivate(Session& session, const Words& arguments) {
     Form& form = VisibleForm(session, arguments[0]);

@@ -44,8 +44,6 @@ struct Session {
     ScriptedMachine machine;
     // The lines that `setting` made since the last start.
     std::string settingLines;
-    // Client areas to which maximised windows go back.
-    std::map<std::string, ScreenSize> normalSizes;
 
     Counts counts;
     int line = 0;         // of the command that runs
