@@ -127,6 +127,7 @@ void LoadModel(Workstation& w, LoadedBy who) {
     LoadFamily(model, RowOf(row->family), who);
     w.graphs.RangeTable[0] = model.rangeSteps;
     w.frmMain.lblCT.Caption = model.name;
+    w.frmSkyCond.lblCT_2.Caption = model.name;
 }
 
 }  // namespace cumeron

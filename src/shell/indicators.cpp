@@ -28,9 +28,14 @@ void SettleInterval(Workstation& w) {
         intake.IntervalSeekState = 2;
         return;
     }
+    std::int16_t& interval = w.settings.Message_Interval;
     const int factor = CompressFactor(w.settings);
-    if (first != RoundHalfEven(static_cast<double>(w.settings.Message_Interval) / factor)) {
-        w.settings.Message_Interval = Multiply16(ToInt16(static_cast<double>(first)), factor);
+    const std::int16_t known = ToInt16(static_cast<double>(interval) / factor);
+    if (first == known) {
+        // kept: dividing and multiplying back rounds an interval that the factor does not divide.
+        interval = Multiply16(known, factor);
+    } else {
+        interval = Multiply16(ToInt16(static_cast<double>(first)), factor);
         w.graphs.TimeLabelsDirty = -1;
         w.graphs.HeightLabelsDirty = -1;
     }
@@ -53,6 +58,7 @@ void SetStatusPanel(Workstation& w, std::string_view text, int colour) {
     if (colour == Red && w.comCTLine().PortOpen() && InStr(text, "ALARM") > 0) {
         w.platform.dialogs.Beep();
     }
+    if (w.frmMain.mnuSkyCond.Checked) UpDateStatus(w, text, colour);
 }
 
 void SetBatteryPanel(Workstation& w, std::string_view text, int colour) {
@@ -85,6 +91,13 @@ void ShowMessageTime(Workstation& w, double when) {
         ++intake.IntervalSeekState;
     }
     if (intake.IntervalSeekState == 3) SettleInterval(w);
+}
+
+void ResetIndicators(Workstation& w) {
+    ClearInstantValues(w);
+    for (ProfileSlotRecord& slot : w.graphs.ProfileRing) slot.Valid = 0;
+    SetErrorsPanel(w, "OFF-line", Red);
+    SetBatteryPanel(w, "", Black);
 }
 
 void ReportError(Workstation& w, const RuntimeError& error) {

@@ -5,10 +5,11 @@
 #include <string>
 #include <string_view>
 
+#include "platform/runtime/errors.h"
+
 namespace cumeron {
 
 struct Workstation;
-class RuntimeError;
 
 // Colours of the sixteen: 4 is bad, 0 normal, 2 the live time.
 inline constexpr int Black = 0;
@@ -25,7 +26,19 @@ void SetBusyPointer(Workstation& w);
 void SetDefaultPointer(Workstation& w);
 // Shows the time of a replayed message and measures the interval.
 void ShowMessageTime(Workstation& w, double when);
+// Values, status, battery and the profiles of the averaged plot are emptied: the end of off-line
+// work.
+void ResetIndicators(Workstation& w);
 // The one error box: a beep, then the error's text and number.
 void ReportError(Workstation& w, const RuntimeError& error);
+// Runs one statement; its error is told, and the procedure goes on.
+template <class Statement>
+void ReportAndGoOn(Workstation& w, Statement statement) {
+    try {
+        statement();
+    } catch (const RuntimeError& error) {
+        ReportError(w, error);
+    }
+}
 
 }  // namespace cumeron

@@ -32,24 +32,28 @@ constexpr int LowestHeight = 5;
 constexpr int LowestWidth = 10;
 constexpr int LowestShare = 3;  // of one surface in the split view
 constexpr int GapToValues = 10;
+constexpr double LowestSplit = 0.02, HighestSplit = 0.98;  // by dragging the sizer
 
 std::int16_t GraphHeight(const FrmMain& form) {
-    const std::int16_t height = ToInt16(form.ScaleHeight() - 1 - GraphTop - form.lblXaxis.Height -
-                                        form.picXLabels.Height - form.sbaStatus.Height);
-    return std::max<std::int16_t>(height, LowestHeight);
+    const double height = form.ScaleHeight() - 1 - GraphTop - form.lblXaxis.Height -
+                          form.picXLabels.Height - form.sbaStatus.Height;
+    return ToInt16(std::max<double>(height, LowestHeight));
 }
 
 std::int16_t GraphLeft(const FrmMain& form) {
     return ToInt16(form.imgYaxisFt.Left + form.imgYaxisFt.Width + form.picYLabels.Width);
 }
 
+// What the window leaves to the graphs; less than nothing in a very small one.
 // kept: the left edge of the axis title is added, not taken off; it stands at the window's edge,
 // where that makes no difference.
+double RoomForGraphs(const FrmMain& form) {
+    return form.ScaleWidth() - 16 - form.fraValues.Width - form.picYLabels.Width -
+           form.imgYaxisFt.Width + form.imgYaxisFt.Left;
+}
+
 std::int16_t GraphWidth(const FrmMain& form) {
-    const std::int16_t width =
-        ToInt16(form.ScaleWidth() - 16 - form.fraValues.Width - form.picYLabels.Width -
-                form.imgYaxisFt.Width + form.imgYaxisFt.Left);
-    return std::max<std::int16_t>(width, LowestWidth);
+    return ToInt16(std::max<double>(RoomForGraphs(form), LowestWidth));
 }
 
 void PlaceRows(FrmMain& form) {
@@ -82,7 +86,7 @@ void PlaceSides(FrmMain& form) {
     const double graphLeft = GraphLeft(form);
     form.picYLabels.Left = graphLeft - form.picYLabels.Width;
     form.picYLabelsBack.Left = form.picYLabels.Left;
-    form.fraValues.Left = graphLeft + GraphWidth(form) + GapToValues;
+    form.fraValues.Left = ToInt16(graphLeft + GraphWidth(form) + GapToValues);
     form.fraSkyCond.Left = form.fraValues.Left;
     // The clock ends where the values end.
     form.lblDateTime.Left = form.fraValues.Left + form.fraValues.Width - form.lblDateTime.Width;
@@ -97,6 +101,16 @@ void ForgetOldSize(Workstation& w) {
     w.graphs.TimeLabelsDirty = -1;
     w.graphs.HeightLabelsDirty = -1;
     w.frmMain.picCombination.Cls();
+}
+
+// The sizer was dropped: its place is the share of the cloud graph.
+void TakeSplitFromSizer(Workstation& w) {
+    const FrmMain& form = w.frmMain;
+    const double share = (form.picSplitSizer.Left - GraphLeft(form)) / RoomForGraphs(form);
+    // Without room the share is no number, and goes to the lower limit.
+    const double limited = share >= LowestSplit ? std::min(share, HighestSplit) : LowestSplit;
+    w.settings.Split_Ratio = static_cast<float>(limited);
+    ArrangeSplitView(w);
 }
 
 }  // namespace
@@ -154,6 +168,19 @@ void ArrangeSplitView(Workstation& w) {
         form.picLines.Left + form.picLines.Width / 2 - form.lblXaxisBack.Width / 5;
     ForgetOldSize(w);
     form.ResizeTimer.SetEnabled(true);
+}
+
+void picCombination_DragDrop(Workstation& w, const Control&, double x, double) {
+    FrmMain& form = w.frmMain;
+    form.picSplitSizer.Left = form.picCombination.Left + x;
+    TakeSplitFromSizer(w);
+}
+
+void picLines_DragDrop(Workstation& w, const Control&, double x, double) {
+    FrmMain& form = w.frmMain;
+    const Surface& lines = form.picLines;
+    form.picSplitSizer.Left = lines.Left + x - (lines.ScaleMode == 0 ? lines.ScaleLeft : 0);
+    TakeSplitFromSizer(w);
 }
 
 void ResizeTimer_Tick(Workstation& w) {

@@ -61,11 +61,16 @@ Handler NotYet(std::string feature);
 
 void Form_Resize(Workstation& w);
 void ArrangeSplitView(Workstation& w);
+// The sizer was dropped on a surface, at x in its scale: divides the split view there.
+void picCombination_DragDrop(Workstation& w, const Control& source, double x, double y);
+void picLines_DragDrop(Workstation& w, const Control& source, double x, double y);
 void ResizeTimer_Tick(Workstation& w);
 void mnuPoints_Click(Workstation& w);
 void mnuLinePlot_Click(Workstation& w);
 void mnuSplitScreen_Click(Workstation& w);
 // Also the handler of mnuCloudhit; classification calls it for messages without a profile.
 void ShowCloudHitView(Workstation& w);
+// The grid of what is on view; in the split view of both.
+void ToggleGrid(Workstation& w);
 
 }  // namespace cumeron

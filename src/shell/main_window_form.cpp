@@ -2,6 +2,7 @@
 // in the client area. Controls() and Reset() walk over them.
 #include "intake/intake.h"
 #include "intake/port.h"
+#include "shell/indicators.h"
 #include "shell/main_window.h"
 #include "workstation.h"
 
@@ -11,12 +12,30 @@ namespace {
 
 using Procedure = void (*)(Workstation&);
 
+constexpr const char* HelpFile = "CUMERON.HLP";
+constexpr int HelpContents = 3, HelpTopic = 1;  // commands
+constexpr int IndexTopic = 50;
+
 void mnuAutoPrint_Click(Workstation& w) {
     w.frmMain.mnuAutoPrint.Checked = !w.frmMain.mnuAutoPrint.Checked;
 }
 
 // Starts the measurement of the message interval anew; known to those who were told.
 void lblXaxis_Click(Workstation& w) { w.intake.IntervalSeekState = 0; }
+
+void ShowHelp(Workstation& w, const std::string& file, int command, int topic) {
+    ReportAndGoOn(w, [&] { w.platform.process.Help(file, command, topic); });
+}
+
+// kept: the contents are asked for by the full name of the file, the index by the bare one, so that
+// an index of the same name in the search path of the help is found too.
+void mnuContents_Click(Workstation& w) {
+    const Platform& platform = w.platform;
+    const char* separator = platform.files.Style() == PathStyle::Windows ? "\\" : "/";
+    ShowHelp(w, platform.process.ApplicationFolder() + separator + HelpFile, HelpContents, 0);
+}
+
+void mnuIndex_Click(Workstation& w) { ShowHelp(w, HelpFile, HelpTopic, IndexTopic); }
 
 // A click has turned the check style button already; without a log it comes up again.
 void ToolbarLog_Click(Workstation& w) {
@@ -62,8 +81,7 @@ constexpr MenuRow MenuRows[] = {
      mnuSaveSettingsNow_Click, nullptr, Separator},
     {&FrmMain::mnuSaveSettings, "mnuSaveSettings", "mnuMode", "&Save Settings on Exit",
      mnuSaveSettings_Click},
-    {&FrmMain::mnuRestore, "mnuRestore", "mnuMode", "&Restore Defaults", nullptr,
-     "Restoring the defaults"},
+    {&FrmMain::mnuRestore, "mnuRestore", "mnuMode", "&Restore Defaults", mnuRestore_Click},
     {&FrmMain::mnuStartup, "mnuStartup", "mnuMode", "Start &Up Options...", nullptr,
      "The start up dialog"},
     {&FrmMain::mnuExit, "mnuExit", "mnuMode", "&Exit", mnuExit_Click, nullptr, Separator},
@@ -84,8 +102,7 @@ constexpr MenuRow MenuRows[] = {
     {&FrmMain::mnuCloudhit, "mnuCloudhit", "mnuShow", "Cloud &Detection Graph", ShowCloudHitView},
     {&FrmMain::mnuSplitScreen, "mnuSplitScreen", "mnuShow", "Cloud Graph &and Backscatter",
      mnuSplitScreen_Click},
-    {&FrmMain::mnuSkyCond, "mnuSkyCond", "mnuShow", "Sky Condition &Window", nullptr,
-     "The sky condition window"},
+    {&FrmMain::mnuSkyCond, "mnuSkyCond", "mnuShow", "Sky Condition &Window", mnuSkyCond_Click},
     {&FrmMain::mnuBackscatterSettings, "mnuBackscatterSettings", "mnuShow",
      "&Backscatter Profile Settings...", nullptr, "The backscatter settings dialog", Separator},
     {&FrmMain::mnuCloudSettings, "mnuCloudSettings", "mnuShow", "&Cloud Graph Settings...", nullptr,
@@ -101,8 +118,8 @@ constexpr MenuRow MenuRows[] = {
      "The terminal"},
 
     {&FrmMain::mnuHelp, "mnuHelp", "", "&Help", nullptr},
-    {&FrmMain::mnuContents, "mnuContents", "mnuHelp", "&Contents", nullptr, "The help"},
-    {&FrmMain::mnuIndex, "mnuIndex", "mnuHelp", "&Index", nullptr, "The help"},
+    {&FrmMain::mnuContents, "mnuContents", "mnuHelp", "&Contents", mnuContents_Click},
+    {&FrmMain::mnuIndex, "mnuIndex", "mnuHelp", "&Index", mnuIndex_Click},
     {&FrmMain::mnuAbout, "mnuAbout", "mnuHelp", "&About", nullptr, "The about box", Separator},
 };
 
@@ -130,14 +147,14 @@ constexpr ButtonRow ButtonRows[] = {
     {&Bar::Status, "Status", "Status of Ceilometer", nullptr, "The status window", Push, Enabled,
      Separator},
     {&Bar::Message, "Message", "Measurement Message", mnuShowMessage_Click},
-    {&Bar::SkyCond, "SkyCond", "Sky Condition Window", nullptr, "The sky condition window"},
+    {&Bar::SkyCond, "SkyCond", "Sky Condition Window", mnuSkyCond_Click},
     {&Bar::OpenPort, "OpenPort", "Open Communication Port", mnuOpenPort_Click, nullptr, Check,
      Enabled, Separator},
     {&Bar::ClosePort, "ClosePort", "Close Communication Port", mnuClosePort_Click, nullptr, Check},
     {&Bar::OpenFile, "OpenFile", "Off-line File Open", nullptr, "Off-line replay", Push, Enabled,
      Separator},
     {&Bar::Log, "Log", "Log On / Off", ToolbarLog_Click, nullptr, Check},
-    {&Bar::Grid, "Grid", "Grid On / Off", nullptr, "The grid"},
+    {&Bar::Grid, "Grid", "Grid On / Off", ToggleGrid},
     {&Bar::Start, "Start", "Goto Start of File", nullptr, "Off-line replay", Push, Disabled,
      Separator},
     {&Bar::Back, "Back", "One Step Backward", nullptr, "Off-line replay", Push, Disabled},
@@ -238,7 +255,7 @@ constexpr LabelRow LabelRows[] = {
      true,
      TextAlignment::Right,
      true,
-     nullptr},
+     lblDateTime_Click},
     {&FrmMain::lblXaxis,
      "lblXaxis",
      "TIME (h)",
@@ -323,6 +340,9 @@ void ResetGraphs(FrmMain& form) {
         surface.Visible = row.visible;
     }
     form.picSplitSizer.Enabled = false;
+    form.picSplitSizer.Draggable = true;
+    form.picCombination.DragDrop = picCombination_DragDrop;
+    form.picLines.DragDrop = picLines_DragDrop;
     for (const ImageRow& row : ImageRows) {
         Image& image = form.*row.image = Image();
         Place(image, AxisTitle);
@@ -354,11 +374,13 @@ void ResetValues(FrmMain& form) {
         Label& text = form.lblCloudtext[i] = Label();
         text.Caption = RowTexts[i];
         text.FontSize = 10;
+        text.Click = lblCloudtext_Click;
         Place(text, {12, top, ValuesFrame.width - 24, TextHeight});
         Label& value = form.CloudValue[i] = Label();
         value.FontSize = 24;
         value.Bold = true;
         value.Alignment = TextAlignment::Right;
+        value.Click = CloudValue_Click;
         Place(value, {12, top + TextHeight, ValuesFrame.width - 24, ValueHeight});
     }
 }
@@ -387,8 +409,11 @@ void FrmMain::Reset() {
     Name = "frmMain";
     Caption = "CUMERON";
     Icon = "cumeron";
-    Left = Top = Width = Height = 0;
+    Left = Top = 0;
+    Width = 640 * TwipsPerPixel;
+    Height = 480 * TwipsPerPixel;
     WindowState = 0;
+    KeepNormalPlace(*this);
     MousePointer = 0;
     Enabled = true;
     Visible = Loaded = TopMost = false;

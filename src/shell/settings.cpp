@@ -4,6 +4,7 @@
 #include <cmath>
 #include <limits>
 
+#include "graphs/axes.h"
 #include "intake/models.h"
 #include "platform/profile_file.h"
 #include "platform/runtime/dates.h"
@@ -50,7 +51,12 @@ struct Storer {
     void operator()(const SettingElement& place) const {
         (w.settings.*place.array)[place.index] = place.sixteenBit ? ToInt16(text) : ToInt32(text);
     }
-    void operator()(double Form::*place) const { w.frmMain.*place = ToSingle(text); }
+    // A window's size in pixels is counted in 16 bits.
+    void operator()(double Form::*place) const {
+        const double value = ToSingle(text);
+        if (place == &Form::Width || place == &Form::Height) ToInt16(value / TwipsPerPixel);
+        w.frmMain.*place = value;
+    }
     void operator()(int Form::*place) const { w.frmMain.*place = ToInt16(text); }
     void operator()(LineProperty place) const {
         if (place == LineProperty::Settings) {
@@ -68,6 +74,15 @@ std::string TimeOfDayText(double when) {
     std::string minute = std::to_string(parts.minute);
     minute.resize(2, ' ');
     return std::to_string(parts.hour) + ":" + minute;
+}
+
+// A place of the window: whole twips, with the digits that a 32-bit float can tell.
+std::string TwipsText(double value) {
+    constexpr int significantDigits = 7;
+    const double whole = RoundHalfEven(value);
+    const double places = std::floor(std::log10(std::max(1.0, std::abs(whole)))) + 1;
+    const double unit = std::pow(10.0, std::max(0.0, places - significantDigits));
+    return NumberText(RoundHalfEven(whole / unit) * unit);
 }
 
 // The text for the file, by the kind of place.
@@ -91,7 +106,7 @@ struct Writer {
     std::string operator()(const SettingElement& place) const {
         return std::to_string((w.settings.*place.array)[place.index]);
     }
-    std::string operator()(double Form::*place) const { return NumberText(w.frmMain.*place); }
+    std::string operator()(double Form::*place) const { return TwipsText(w.frmMain.*place); }
     std::string operator()(int Form::*place) const { return std::to_string(w.frmMain.*place); }
     std::string operator()(LineProperty place) const {
         return place == LineProperty::Settings ? w.comCTLine().Settings()
@@ -113,15 +128,31 @@ void UnscaleInterval(Settings& settings) {
     settings.Message_Interval = std::max(ToInt16(plain), ShortestSavedInterval);
 }
 
-// Sets every saved key in the text; a value that the file cannot hold is told and left out.
-std::string WithSettings(Workstation& w, std::string text) {
-    UnscaleInterval(w.settings);
-    for (const std::string_view key : SavedKeys()) {
-        try {
+// Where frmSkyCond stands is noted with the keys of its place.
+constexpr struct {
+    std::string_view key;
+    std::int16_t Settings::*setting;
+    double Form::*place;
+} SkyPlaces[] = {
+    {"Sky_Win_Top", &Settings::Sky_Win_Top, &Form::Top},
+    {"Sky_Win_Left", &Settings::Sky_Win_Left, &Form::Left},
+    {"Sky_Win_Height", &Settings::Sky_Win_Height, &Form::Height},
+    {"Sky_Win_Width", &Settings::Sky_Win_Width, &Form::Width},
+};
+
+void NoteSkyPlace(Workstation& w, std::string_view key) {
+    for (const auto& row : SkyPlaces) {
+        if (row.key == key) w.settings.*row.setting = ToInt16(w.frmSkyCond.*row.place);
+    }
+}
+
+// Sets the keys in the text; a value that the file cannot hold is told and left out.
+std::string WithKeys(Workstation& w, std::string text, std::span<const std::string_view> keys) {
+    for (const std::string_view key : keys) {
+        ReportAndGoOn(w, [&] {
+            NoteSkyPlace(w, key);
             text = WithProfileValue(text, Section, key, SettingText(w, SettingOf(key)));
-        } catch (const RuntimeError& error) {
-            ReportError(w, error);
-        }
+        });
     }
     return text;
 }
@@ -166,18 +197,50 @@ void ReadSettingsThrough(Workstation& w, SettingsReading& reading, std::string_v
     } while (row->key != lastKey);
 }
 
+void SaveKeys(Workstation& w, std::span<const std::string_view> keys) {
+    ReportAndGoOn(w, [&] {
+        w.platform.files.Replace(SettingsPath(w), WithKeys(w, ReadSettingsFile(w), keys));
+    });
+}
+
 void mnuSaveSettingsNow_Click(Workstation& w) {
-    try {
+    ReportAndGoOn(w, [&] {
         const std::string old = ReadSettingsFile(w);
         KeepOldFile(w, old);
-        w.platform.files.Replace(SettingsPath(w), WithSettings(w, old));
-    } catch (const RuntimeError& error) {
-        ReportError(w, error);
-    }
+        LoadForm(w, w.frmSkyCond);
+        UnscaleInterval(w.settings);
+        w.platform.files.Replace(SettingsPath(w), WithKeys(w, old, SavedKeys()));
+    });
 }
 
 void mnuSaveSettings_Click(Workstation& w) {
     w.frmMain.mnuSaveSettings.Checked = !w.frmMain.mnuSaveSettings.Checked;
+}
+
+void mnuRestore_Click(Workstation& w) {
+    if (w.frmMain.mnuOpenPort.Checked || w.frmMain.mnuFileOpen.Checked) {
+        w.platform.dialogs.MessageBox("Close port and open log files before restoring defaults",
+                                      BoxButtons::Ok);
+        return;
+    }
+    RestoreDefaults(w);
+}
+
+void RestoreDefaults(Workstation& w) {
+    for (const SettingRow& row : SettingTable()) {
+        if (row.restored == nullptr) continue;
+        ReportAndGoOn(w, [&] { StoreSetting(w, row, row.restored); });
+    }
+    MakeTitle(w);
+    w.graphs.PreviousCloudmode = w.settings.Cloudmode;
+    w.frmMain.fraSkyCond.Visible = w.settings.Show_Sky_Cond != 0;
+    SetTop(w);
+    // The plain interval: nothing shares a column from now on.
+    if (IsModel(w.settings.CEILOMETER)) {
+        w.settings.Message_Interval = ToInt16(DefaultMessageInterval(w.settings.CEILOMETER));
+    }
+    SetGraphCaptions(w);
+    Form_Resize(w);
 }
 
 }  // namespace cumeron

@@ -118,9 +118,17 @@ SettingsReading OpenSettings(Workstation& w);
 // as they were.
 void ReadSettingsThrough(Workstation& w, SettingsReading& reading, std::string_view lastKey);
 
-// Saves all keys of SavedKeys into the file, which is read afresh and replaced in one step; an
-// error is told. The first save after a start that failed keeps the old file as NAME.bak.
+// Saves these keys alone into the file, which is read afresh and replaced in one step: for dialogs
+// that write their own keys at once. An error is told.
+void SaveKeys(Workstation& w, std::span<const std::string_view> keys);
+// Saves all keys of SavedKeys in the same way. The first save after a start that failed keeps the
+// old file as NAME.bak.
 void mnuSaveSettingsNow_Click(Workstation& w);
 void mnuSaveSettings_Click(Workstation& w);
+// Refuses with a box while the port or an off-line file is open.
+void mnuRestore_Click(Workstation& w);
+// The table's restored values in memory, and the display after them; writes nothing. An error of
+// the line is told, and the rest is restored.
+void RestoreDefaults(Workstation& w);
 
 }  // namespace cumeron

@@ -1,15 +1,134 @@
 #include "shell/sky_window.h"
 
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+#include "platform/runtime/text.h"
+#include "platform/surface.h"
+#include "shell/indicators.h"
 #include "workstation.h"
 
 namespace cumeron {
 
+namespace {
+
+// A quarter of the main window's size in from its edge, as far as a setting can tell; twips.
+std::int16_t QuarterInto(double edge, double size) {
+    using Limits = std::numeric_limits<std::int16_t>;
+    const double place = edge + std::trunc(RoundHalfEven(size) / 4);
+    return ToInt16(std::clamp<double>(place, Limits::min(), Limits::max()));
+}
+
+void NoteDesign(FrmSkyCond& form) {
+    form.notedWidth = form.Width;
+    form.notedHeight = form.Height;
+    form.notedLabels.clear();
+    for (const NamedControl& named : form.Controls()) {
+        auto* const* label = std::get_if<Label*>(&named.control);
+        if (label == nullptr) continue;
+        const Label& noted = **label;
+        form.notedLabels.push_back(
+            {*label, noted.Left, noted.Top, noted.Width, noted.Height, noted.FontSize});
+    }
+}
+
+void frmSkyCond_Load(Workstation& w) {
+    FrmSkyCond& form = w.frmSkyCond;
+    const Settings& settings = w.settings;
+    NoteDesign(form);
+    if (settings.Sky_Cond_On_Top == 1) {
+        form.Left = settings.Sky_Win_Left;
+        form.Top = settings.Sky_Win_Top;
+        form.Width = settings.Sky_Win_Width;
+        form.Height = settings.Sky_Win_Height;
+    } else {
+        form.Left = QuarterInto(w.frmMain.Left, w.frmMain.Width);
+        form.Top = QuarterInto(w.frmMain.Top, w.frmMain.Height);
+    }
+    KeepNormalPlace(form);
+    SetTop(w);
+}
+
+// The smaller of the two ratios scales everything, so that the layout keeps its shape.
+void frmSkyCond_Resize(Workstation& w) {
+    FrmSkyCond& form = w.frmSkyCond;
+    const double ratio =
+        std::max(0.0, std::min(form.Width / form.notedWidth, form.Height / form.notedHeight));
+    for (const FrmSkyCond::NotedLabel& noted : form.notedLabels) {
+        noted.label->Left = noted.left * ratio;
+        noted.label->Top = noted.top * ratio;
+        noted.label->Width = noted.width * ratio;
+        noted.label->Height = noted.height * ratio;
+        noted.label->FontSize =
+            std::max(1, static_cast<int>(RoundHalfEven(noted.fontSize * ratio)));
+    }
+}
+
+// The window is only hidden: what it shows goes on being kept up.
+bool frmSkyCond_QueryUnload(Workstation& w) {
+    w.frmMain.mnuSkyCond.Checked = false;
+    HideForm(w.frmSkyCond);
+    return true;
+}
+
+void tmrAlarm_Tick(Workstation& w) {
+    FrmSkyCond& form = w.frmSkyCond;
+    const int red = QBColor(Red);
+    const int quiet = form.lblDateTime.BackColor;
+    form.lblStatus.BackColor = form.lblStatus.BackColor == red ? quiet : red;
+}
+
+void CopyCaptions(std::array<Label, 3>& to, const std::array<Label, 3>& from) {
+    for (std::size_t i = 0; i < to.size(); ++i) to[i].Caption = from[i].Caption;
+}
+
+std::string_view WithoutLeadingBlanks(std::string_view text) {
+    return text.substr(std::min(text.find_first_not_of(' '), text.size()));
+}
+
+// Left, Top, Width, Height in pixels.
+void Place(Control& control, double left, double top, double width, double height) {
+    control.Left = left;
+    control.Top = top;
+    control.Width = width;
+    control.Height = height;
+}
+
+void Write(Label& label, int fontSize, bool bold, TextAlignment alignment) {
+    label.FontSize = fontSize;
+    label.Bold = bold;
+    label.Alignment = alignment;
+}
+
+}  // namespace
+
+// The design, 350 pixels wide: a line with model and date, the status, and a row for each height.
+// The lower part is left for the sky condition itself.
 FrmSkyCond::FrmSkyCond() {
     Name = "frmSkyCond";
     Caption = "Sky Condition";
-    Left = Top = 0;
     Width = 5256;
     Height = 4356;
+    Place(lblCT_2, 8, 4, 110, 26);
+    Write(lblCT_2, 12, true, TextAlignment::Left);
+    Place(lblDateTime, 122, 4, 220, 26);
+    Write(lblDateTime, 12, true, TextAlignment::Right);
+    Place(lblStatus, 8, 32, 334, 26);
+    Write(lblStatus, 12, true, TextAlignment::Left);
+    for (std::size_t i = 0; i < CloudValue.size(); ++i) {
+        const double top = 62 + 38 * static_cast<double>(i);
+        Place(lblCloudtext[i], 8, top, 170, 36);
+        Write(lblCloudtext[i], 12, false, TextAlignment::Left);
+        Place(CloudValue[i], 182, top, 160, 36);
+        Write(CloudValue[i], 22, true, TextAlignment::Right);
+    }
+    tmrAlarm.Interval = 500;
+    tmrAlarm.Tick = tmrAlarm_Tick;
+
+    Load = frmSkyCond_Load;
+    Resize = frmSkyCond_Resize;
+    QueryUnload = frmSkyCond_QueryUnload;
 }
 
 ControlList FrmSkyCond::Controls() {
@@ -21,9 +140,73 @@ ControlList FrmSkyCond::Controls() {
         list.push_back({"lblCloudtext", index, "", &lblCloudtext[i]});
         list.push_back({"CloudValue", index, "", &CloudValue[i]});
     }
+    list.push_back({"tmrAlarm", -1, "", &tmrAlarm});
     return list;
 }
 
 void FrmSkyCond::Reset() { *this = FrmSkyCond(); }
+
+void PlaceSkyWindow(Workstation& w) {
+    const FrmMain& form = w.frmMain;
+    Settings& settings = w.settings;
+    if (settings.Sky_Win_Top == 0) settings.Sky_Win_Top = QuarterInto(form.Top, form.Height);
+    if (settings.Sky_Win_Left == 0) settings.Sky_Win_Left = QuarterInto(form.Left, form.Width);
+}
+
+void mnuSkyCond_Click(Workstation& w) {
+    MenuEntry& entry = w.frmMain.mnuSkyCond;
+    entry.Checked = !entry.Checked;
+    if (!entry.Checked) {
+        HideForm(w.frmSkyCond);
+        return;
+    }
+    ShowForm(w, w.frmSkyCond);
+    ++w.frmSkyCond.BroughtToFront;
+    UpdateAll(w);
+}
+
+void UpdateAll(Workstation& w) {
+    FrmSkyCond& form = w.frmSkyCond;
+    const FrmMain& main = w.frmMain;
+    form.Caption = "Sky Condition [" + w.shell.MainTitle + "]";
+    form.lblDateTime.Caption = WithoutLeadingBlanks(main.lblDateTime.Caption);
+    UpDateStatus(w, main.sbaStatus.Status.Text, main.sbaStatus.Status_Image.Visible ? Red : Black);
+    CopyCaptions(form.lblCloudtext, main.lblCloudtext);
+    CopyCaptions(form.CloudValue, main.CloudValue);
+}
+
+void UpDateStatus(Workstation& w, std::string_view text, int colour) {
+    FrmSkyCond& form = w.frmSkyCond;
+    Label& line = form.lblStatus;
+    line.Caption = WithoutLeadingBlanks(text);
+    if (colour != Red) {
+        form.tmrAlarm.SetEnabled(false);
+        line.BackColor = form.lblDateTime.BackColor;
+        line.ForeColor = QBColor(Black);
+    } else if (InStr(line.Caption, "ALARM") > 0) {
+        line.BackColor = QBColor(Red);
+        form.tmrAlarm.SetEnabled(true);
+    } else {
+        // kept: a warning behind an alarm goes on blinking; only a good status ends that, so that
+        // nobody misses the alarm.
+        line.ForeColor = QBColor(Red);
+    }
+}
+
+void SetTop(Workstation& w) { w.frmSkyCond.TopMost = w.settings.Sky_Cond_On_Top == 1; }
+
+void CloudValue_Click(Workstation& w) {
+    if (w.frmMain.mnuSkyCond.Checked) CopyCaptions(w.frmSkyCond.CloudValue, w.frmMain.CloudValue);
+}
+
+void lblCloudtext_Click(Workstation& w) {
+    if (!w.frmMain.mnuSkyCond.Checked) return;
+    CopyCaptions(w.frmSkyCond.lblCloudtext, w.frmMain.lblCloudtext);
+}
+
+void lblDateTime_Click(Workstation& w) {
+    if (!w.frmMain.mnuSkyCond.Checked) return;
+    w.frmSkyCond.lblDateTime.Caption = w.frmMain.lblDateTime.Caption;
+}
 
 }  // namespace cumeron

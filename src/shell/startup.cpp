@@ -56,33 +56,21 @@ void ChooseSettingsFile(Workstation& w) {
 // A window without a stored place takes 75 % of the screen and stands in its middle.
 void PlaceWindow(Workstation& w) {
     FrmMain& form = w.frmMain;
-    if (form.Top != 0 || form.Left != 0) return;
+    if (form.Top != 0 || form.Left != 0) return KeepNormalPlace(form);
     const double screenWidth = w.platform.screen.width * TwipsPerPixel;
     const double screenHeight = w.platform.screen.height * TwipsPerPixel;
     form.Width = screenWidth * 0.75;
     form.Height = screenHeight * 0.75;
     form.Left = (screenWidth - form.Width) / 2;
     form.Top = (screenHeight - form.Height) / 2;
+    KeepNormalPlace(form);
 }
 
-void MakeTitle(Workstation& w) {
-    const std::string& caption = w.settings.Main_Caption;
-    w.shell.MainTitle =
-        "CUMERON - " +
-        (caption.empty() ? "Port " + std::to_string(w.comCTLine().CommPort()) : caption);
-    w.frmMain.Caption = w.shell.MainTitle;
-}
-
-// The sky window without a stored place opens a quarter into the main window.
-void PlaceSkyWindow(Workstation& w) {
-    const FrmMain& form = w.frmMain;
-    Settings& settings = w.settings;
-    if (settings.Sky_Win_Top == 0) {
-        settings.Sky_Win_Top = ToInt16(form.Top + ToInt32(form.Height) / 4);
-    }
-    if (settings.Sky_Win_Left == 0) {
-        settings.Sky_Win_Left = ToInt16(form.Left + ToInt32(form.Width) / 4);
-    }
+// The window exists from here on, also when nobody looks at it.
+void SetUpSkyWindow(Workstation& w) {
+    PlaceSkyWindow(w);
+    w.frmMain.fraSkyCond.Visible = w.settings.Show_Sky_Cond != 0;
+    LoadForm(w, w.frmSkyCond);
 }
 
 // A code that is no model reads no interval and loads no constants.
@@ -104,7 +92,7 @@ void ReadAllButStartOptions(Workstation& w, SettingsReading& reading) {
     ReadSettingsThrough(w, reading, "Cloudmode");
     w.graphs.PreviousCloudmode = w.settings.Cloudmode;
     ReadSettingsThrough(w, reading, "Sky_Win_Width");
-    PlaceSkyWindow(w);
+    SetUpSkyWindow(w);
     ReadModel(w, reading);
     w.settings.Message_Interval =
         Multiply16(w.settings.Message_Interval, CompressFactor(w.settings));
@@ -135,22 +123,20 @@ void LoadMainWindow(Workstation& w) {
     SetErrorsPanel(w, "OFF-line", Red);
 }
 
-// Runs one statement of the way out; its error is told and the way goes on.
-template <class Statement>
-void GoOn(Workstation& w, Statement statement) {
-    try {
-        statement();
-    } catch (const RuntimeError& error) {
-        ReportError(w, error);
-    }
-}
-
 }  // namespace
 
 void StartProgram(Workstation& w) {
     w.comCTLine().OnComm = [&w] { DispatchOnComm(w); };
     DispatchEvent(w, Form_Initialize);
     DispatchEvent(w, [](Workstation& station) { ShowForm(station, station.frmMain); });
+}
+
+void MakeTitle(Workstation& w) {
+    const std::string& caption = w.settings.Main_Caption;
+    w.shell.MainTitle =
+        "CUMERON - " +
+        (caption.empty() ? "Port " + std::to_string(w.comCTLine().CommPort()) : caption);
+    w.frmMain.Caption = w.shell.MainTitle;
 }
 
 void Form_Load(Workstation& w) {
@@ -172,15 +158,16 @@ bool Form_QueryUnload(Workstation& w) {
 }
 
 void Form_Unload(Workstation& w) {
-    GoOn(w, [&] {
+    ReportAndGoOn(w, [&] {
         if (w.comCTLine().PortOpen()) w.comCTLine().SetPortOpen(false);
     });
-    GoOn(w, [&] { w.platform.copies.DeleteMark(w.shell.InstanceNumber); });
+    ReportAndGoOn(w, [&] { w.platform.copies.DeleteMark(w.shell.InstanceNumber); });
     if (w.frmMain.mnuSaveSettings.Checked) {
-        w.frmMain.WindowState = 0;  // the normal size and place are what is saved
+        // The normal size and place are what is saved.
+        ReportAndGoOn(w, [&] { ChangeWindowState(w, w.frmMain, 0); });
         mnuSaveSettingsNow_Click(w);
     }
-    GoOn(w, [&] { UnloadForm(w, w.frmDebug); });
+    ReportAndGoOn(w, [&] { UnloadForm(w, w.frmDebug); });
     throw ProcessEnd{0};
 }
 

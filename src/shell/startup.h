@@ -23,6 +23,8 @@ void StartProgram(Workstation& w);
 // Numbers this copy, reads the settings, sets up model, graphs, view and line. An error is told and
 // leaves the rest undone.
 void Form_Load(Workstation& w);
+// Builds shell.MainTitle from Main_Caption, or from the port number without one, and shows it.
+void MakeTitle(Workstation& w);
 // The menu's exit: no question; ends the process (throws ProcessEnd).
 void mnuExit_Click(Workstation& w);
 // The window's close box: asks; true keeps the program.

@@ -1,5 +1,5 @@
 // The four views of the main window: which surfaces are shown, which entry is checked, which
-// button is pressed.
+// button is pressed; and the grid of the view.
 #include "graphs/axes.h"
 #include "shell/main_window.h"
 #include "workstation.h"
@@ -33,6 +33,9 @@ void PressViewButtons(FrmMain& form, bool hit, bool intensity, bool profile, boo
     form.Toolbar1.BackScat.Value = profile ? 1 : 0;
     form.Toolbar1.Split.Value = split ? 1 : 0;
 }
+
+// 1 becomes 0, anything else 1.
+void Flip(std::int16_t& shown) { shown = shown == 1 ? 0 : 1; }
 
 // The cloud graph alone, as own; other is the mode that ends. Mode Both is left standing.
 void ShowCloudView(Workstation& w, std::int16_t own, std::int16_t other) {
@@ -97,6 +100,20 @@ void mnuSplitScreen_Click(Workstation& w) {
     Form_Resize(w);
     ShowCloudGraph(form, true);
     ShowProfile(form, true);
+}
+
+void ToggleGrid(Workstation& w) {
+    const FrmMain& form = w.frmMain;
+    Settings& settings = w.settings;
+    if (!form.mnuLinePlot.Checked || form.mnuSplitScreen.Checked) {
+        Flip(settings.Cloud_Show_Grid);
+        w.graphs.TimeLabelsDirty = -1;
+        w.graphs.HeightLabelsDirty = -1;
+    }
+    if (form.mnuLinePlot.Checked) {
+        Flip(settings.Backscatter_Show_Grid);
+        SetGraphCaptions(w);
+    }
 }
 
 }  // namespace cumeron
