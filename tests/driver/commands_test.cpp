@@ -413,6 +413,10 @@ TEST(Show, PrintsOneJsonValueALine) {
     for (const auto& c : cases) EXPECT_EQ(Printed(c.lines), c.printed) << c.lines;
     EXPECT_THAT(Printed("show-names frmDebug\n"),
                 HasSubstr("{\"kind\":\"TextBox\",\"name\":\"txtMessage\"}"));
+    EXPECT_THAT(Printed("show-names ConfigScrn\n"),
+                testing::AllOf(HasSubstr("{\"kind\":\"ComboBox\",\"name\":\"cboPort\"}"),
+                               HasSubstr("{\"kind\":\"OptionButton\",\"name\":\"Data8\"}"),
+                               HasSubstr("{\"kind\":\"CheckBox\",\"name\":\"ChkModem\"}")));
     EXPECT_THAT(Printed("show-names frmMain\n"),
                 HasSubstr("{\"kind\":\"ToolButton\",\"name\":\"Toolbar1.CloudHit\"}"));
 }

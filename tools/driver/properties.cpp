@@ -63,6 +63,12 @@ std::optional<Value> ScaleHeightOf(const AnyControl& control) {
     return surface->ScaleMode == 0 ? surface->ScaleHeight : surface->PixelHeight();
 }
 
+std::optional<Value> ListCountOf(const AnyControl& control) {
+    auto* const* list = std::get_if<ComboBox*>(&control);
+    if (!list) return std::nullopt;
+    return static_cast<std::int64_t>((*list)->Items.size());
+}
+
 const Property<const AnyControl&> ControlProperties[] = {
     FIELD(Caption),
     FIELD(Text),
@@ -79,6 +85,8 @@ const Property<const AnyControl&> ControlProperties[] = {
     FIELD(Height),
     {"ScaleWidth", ScaleWidthOf},
     {"ScaleHeight", ScaleHeightOf},
+    FIELD(ListIndex),
+    {"ListCount", ListCountOf},
     FIELD(SelStart),
     FIELD(Picture),
     FIELD(FontSize),
