@@ -178,22 +178,22 @@ TEST_F(FormLife, TheNormalPlaceComesBackFromEveryOtherState) {
         const char* what;
         void (*go)(Workstation&, Form&);
     } ways[] = {
-        {"maximised", [](Workstation& w, Form& f) { ChangeWindowState(w, f, 2, 1024, 768); }},
+        {"maximised", [](Workstation& of, Form& f) { ChangeWindowState(of, f, 2, 1024, 768); }},
         {"maximised, its size later",
-         [](Workstation& w, Form& f) {
-             ChangeWindowState(w, f, 2);
-             ResizeForm(w, f, 1024, 768);
+         [](Workstation& of, Form& f) {
+             ChangeWindowState(of, f, 2);
+             ResizeForm(of, f, 1024, 768);
          }},
         {"moved while maximised",
-         [](Workstation& w, Form& f) {
-             ChangeWindowState(w, f, 2, 1024, 768);
-             MoveForm(w, f, 3000, 3000);
+         [](Workstation& of, Form& f) {
+             ChangeWindowState(of, f, 2, 1024, 768);
+             MoveForm(of, f, 3000, 3000);
          }},
-        {"minimised", [](Workstation& w, Form& f) { ChangeWindowState(w, f, 1); }},
+        {"minimised", [](Workstation& of, Form& f) { ChangeWindowState(of, f, 1); }},
         {"minimised from maximised",
-         [](Workstation& w, Form& f) {
-             ChangeWindowState(w, f, 2, 1024, 768);
-             ChangeWindowState(w, f, 1);
+         [](Workstation& of, Form& f) {
+             ChangeWindowState(of, f, 2, 1024, 768);
+             ChangeWindowState(of, f, 1);
          }},
         {"a state that was set alone", [](Workstation&, Form& f) { f.WindowState = 2; }},
     };

@@ -163,6 +163,21 @@ TEST(ScriptedLine, RepliesWhenTheSentTextEndsInTheTrigger) {
     EXPECT_EQ(bench.line.Input(), "ready");
 }
 
+TEST(ScriptedLine, LooksBackNoFurtherThanTheLongestTrigger) {
+    Bench bench;
+    bench.line.SetPortOpen(true);
+    const std::string longest(LongestTrigger, 'a');
+    bench.line.ReplyTo(longest, "longest", 0);
+    bench.line.ReplyTo(longest + "a", "longer", 0);
+    for (std::size_t i = 0; i < LongestTrigger - 1; ++i) bench.line.Output("a");
+    bench.Advance(1);
+    EXPECT_EQ(bench.line.Input(), "");
+    bench.line.Output("a");
+    bench.line.Output("a");
+    bench.Advance(1);
+    EXPECT_EQ(bench.line.Input(), "longestlongest");
+}
+
 TEST(ScriptedLine, NewProcessHasAControlOfItsOwn) {
     Bench bench;
     bench.line.SetSettings("9600,n,8,1");

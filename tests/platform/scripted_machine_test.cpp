@@ -61,6 +61,43 @@ TEST(ScriptedMachine, InnerCallLetsTheEndThrough) {
     EXPECT_TRUE(machine.Ended());
 }
 
+// A call that is under way when the program ends is left; an advance in it still takes its time.
+TEST(ScriptedMachine, TimePassesOnWhenTheProgramEndsInAnInnerAdvance) {
+    ScriptedMachine machine;
+    machine.Start("");
+    std::string order;
+    machine.time.At(MicrosPerSecond, [&] { mnuExit_Click(*machine.Program()); });
+    machine.time.At(2 * MicrosPerSecond, [&] { machine.Start(""); });
+    machine.time.At(3 * MicrosPerSecond, [&] { mnuExit_Click(*machine.Program()); });
+    machine.time.At(4 * MicrosPerSecond, [&] { order += machine.Ended() ? "ended" : "runs"; });
+    machine.Enter([&] {
+        machine.Advance(4 * MicrosPerSecond);
+        order += "went on";
+    });
+    EXPECT_EQ(order, "ended");
+    EXPECT_EQ(machine.time.Elapsed(), 4 * MicrosPerSecond);
+}
+
+TEST(ScriptedMachine, EndOutsideAnAdvanceTakesNoTime) {
+    ScriptedMachine machine;
+    machine.Start("");
+    machine.Advance(MicrosPerSecond);
+    bool ran = false;
+    machine.time.At(0, [&] { ran = true; });
+    machine.Enter([&] { mnuExit_Click(*machine.Program()); });
+    EXPECT_FALSE(ran);
+    EXPECT_EQ(machine.time.Elapsed(), MicrosPerSecond);
+}
+
+TEST(ScriptedMachine, RefusedStartOfAProgramIsNone) {
+    ScriptedMachine machine;
+    machine.process.nextStartError = 53;
+    EXPECT_THROW(machine.process.Help("A.HLP", 3, 0), RuntimeError);
+    EXPECT_TRUE(machine.process.started.empty());
+    machine.process.Help("A.HLP", 1, 50);
+    EXPECT_EQ(machine.process.started.front(), "help A.HLP 1 50");
+}
+
 TEST(ScriptedMachine, ApplicationFolderFollowsTheStyle) {
     ScriptedMachine machine;
     EXPECT_EQ(machine.process.ApplicationFolder(), "C:\\CUMERON");

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "platform/runtime/dates.h"
+#include "platform/runtime/errors.h"
 #include "platform/scripted/scripted_machine.h"
 #include "workstation.h"
 
@@ -187,6 +188,81 @@ TEST(ScriptedTime, TimeNeverRunsBackwards) {
     EXPECT_EQ(bench.Now(), 110);
     bench.Advance(40);
     EXPECT_EQ(late, 150);
+}
+
+TEST(ScriptedTime, TimerThatTheOneBeforeItDisabledDoesNotFire) {
+    Bench bench;
+    bench.counted.Interval = 1000;
+    bench.counted.SetEnabled(true);
+    bench.grid.SetEnabled(true);
+    bench.grid.Tick = [&](Workstation&) { bench.counted.SetEnabled(false); };
+    bench.Advance(1500);
+    EXPECT_EQ(bench.countedTicks, Moments{});
+}
+
+TEST(ScriptedTime, WaitingLastsUntilItIsDoneAndNoLonger) {
+    Bench bench;
+    bench.time.WaitUntil([] { return true; });
+    EXPECT_EQ(bench.Now(), 0);
+    bench.time.WaitUntil([&] { return bench.Now() >= 30; });
+    EXPECT_EQ(bench.Now(), 30);
+    int steps = 0;
+    bench.time.ServeMeanwhile = [&] { ++steps; };
+    bench.time.WaitUntil([&] { return steps == 3; });
+    EXPECT_EQ(bench.Now(), 30);
+}
+
+TEST(ScriptedTime, WaitingServesTheAdvanceThatItBeganInBeforeTheScript) {
+    Bench bench;
+    std::string order;
+    bench.time.ServeMeanwhile = [&] { order += "s" + std::to_string(bench.Now()) + " "; };
+    bench.time.At(10 * Milli, [&] {
+        bench.time.WaitUntil([&] { return order.ends_with("s100 "); });
+        order += "end ";
+    });
+    bench.time.At(60 * Milli, [&] { order += "a60 "; });
+    bench.time.At(100 * Milli, [&] { order += "a100 "; });
+    bench.time.At(101 * Milli, [&] { order += "late "; });
+    bench.Advance(100);
+    EXPECT_EQ(order, "a60 a100 s100 end ");
+}
+
+TEST(ScriptedTime, WaitingThatIsDoneInAnAdvanceLeavesTheRestToIt) {
+    Bench bench;
+    std::string order;
+    bool done = false;
+    bench.time.ServeMeanwhile = [&] { order += "script "; };
+    bench.time.At(10 * Milli, [&] {
+        bench.time.WaitUntil([&] { return done; });
+        order += "end" + std::to_string(bench.Now()) + " ";
+    });
+    bench.time.At(20 * Milli, [&] { done = true; });
+    bench.time.At(30 * Milli, [&] { order += "a30 "; });
+    bench.Advance(100);
+    EXPECT_EQ(order, "end20 a30 ");
+    EXPECT_EQ(bench.Now(), 100);
+}
+
+// A turn that the program gives inside an advance is no end of that advance.
+TEST(ScriptedTime, WaitingInATurnOfTheProgramServesTheOutermostAdvance) {
+    Bench bench;
+    long served = 0;
+    bench.time.ServeMeanwhile = [&] { served = bench.Now(); };
+    bench.time.At(10 * Milli, [&] { bench.time.DoEvents(); });
+    bench.time.At(15 * Milli, [&] { bench.time.WaitUntil([&] { return served > 0; }); });
+    bench.Advance(100);
+    EXPECT_EQ(served, 100);
+}
+
+TEST(ScriptedTime, AdvanceThatAnExceptionLeftIsNoLongerUnderWay) {
+    Bench bench;
+    bench.time.At(10 * Milli, [] { throw ProcessEnd{}; });
+    bench.time.At(50 * Milli, [] {});
+    EXPECT_THROW(bench.Advance(100), ProcessEnd);
+    long served = 0;
+    bench.time.ServeMeanwhile = [&] { served = bench.Now(); };
+    bench.time.WaitUntil([&] { return served > 0; });
+    EXPECT_EQ(served, 10);
 }
 
 TEST(ScriptedTime, DetachedTimersStandStill) {

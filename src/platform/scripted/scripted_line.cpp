@@ -72,6 +72,9 @@ std::string ScriptedLine::Input() { return std::exchange(waiting, ""); }
 void ScriptedLine::Output(std::string_view text) {
     if (!portOpen) throw RuntimeError(8018);
     transcript += text;
+    if (transcript.size() > LongestTrigger) {
+        transcript.erase(0, transcript.size() - LongestTrigger);
+    }
     sent += text;
     for (const Reply& reply : replies) {
         if (transcript.ends_with(reply.trigger)) {

@@ -14,6 +14,8 @@ namespace cumeron {
 // or 2 stop bits.
 bool AreLineSettings(const std::string& settings);
 
+inline constexpr std::size_t LongestTrigger = 4096;
+
 class ScriptedLine : public SerialLine {
 public:
     explicit ScriptedLine(ScriptedTime& clock) : time(clock) {}
@@ -40,7 +42,7 @@ public:
     void RaiseFault(int commEvent);
     void SetCarrier(bool on) { carrier = on; }
     // Each time what was sent ends in trigger, value arrives that much later. The same trigger
-    // again takes the earlier one's place.
+    // again takes the earlier one's place. A trigger of more than LongestTrigger bytes never comes.
     void ReplyTo(const std::string& trigger, const std::string& value, Micros delay);
     // The next opening, or the next assignment to Settings or CommPort, raises this error.
     void FailNextOpening(int error) { openingError = error; }
@@ -67,7 +69,7 @@ private:
     bool dtrEnable = true, rtsEnable = false;
     bool carrier = false;
     std::string waiting;
-    std::string transcript;  // all that was ever sent
+    std::string transcript;  // the end of all that was ever sent, for the triggers
     std::string sent;
     std::vector<Reply> replies;
     int openingError = 0;   // 0: none

@@ -25,12 +25,23 @@ void ScriptedMachine::EndProcess() {
 
 void ScriptedMachine::Advance(Micros duration) {
     const Micros end = time.Elapsed() + duration;
-    bool served = false;
-    while (!served) {
-        Enter([&] {
-            time.AdvanceTo(end);
-            served = true;
-        });
+    const std::optional<Micros> outer = advanceEnd;
+    advanceEnd = std::max(end, outer.value_or(end));
+    Enter([&] { time.AdvanceTo(end); });
+    advanceEnd = outer;
+}
+
+// An end of the process in a form that is shown modally leaves the advance in which it came; the
+// script goes on behind that advance, so its time passes here. The program may have been started
+// again in it, and end again.
+void ScriptedMachine::FinishAdvance() {
+    while (advanceEnd) {
+        try {
+            time.AdvanceTo(*advanceEnd);
+            advanceEnd.reset();
+        } catch (const ProcessEnd&) {
+            EndProcess();
+        }
     }
 }
 

@@ -9,8 +9,10 @@
 #include <deque>
 #include <map>
 #include <memory>
+#include <optional>
 #include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/platform.h"
@@ -31,12 +33,14 @@ public:
     }
 
     void Help(const std::string& file, int command, int topic) override {
+        if (const int error = std::exchange(nextStartError, 0)) throw RuntimeError(error);
         started.push_back("help " + file + " " + std::to_string(command) + " " +
                           std::to_string(topic));
     }
 
     std::string commandLine;
     std::deque<std::string> started;  // not yet asked about, the oldest first
+    int nextStartError = 0;           // what the next start of a program raises; 0: nothing
 
 private:
     const Files& files;
@@ -91,19 +95,21 @@ public:
     Workstation* Program() { return workstation.get(); }
     bool Running() const { return running; }
     bool Ended() const { return workstation && !running; }
-    // Calls into the program. When the program ends its process, the outermost call notes that and
-    // returns.
+    // Calls into the program. When the program ends its process, the outermost call notes that,
+    // lets the rest of an advance pass that the end cut short, and returns.
     template <class Call>
     void Enter(Call call);
-    // Lets virtual time pass, also when the program ends in it.
+    // Lets virtual time pass, also when the program ends in it, at whatever depth.
     void Advance(Micros duration);
 
 private:
     void EndProcess();
+    void FinishAdvance();
 
     std::unique_ptr<Workstation> workstation;
     bool running = false;
-    int depth = 0;  // calls of Enter under way
+    int depth = 0;                     // calls of Enter under way
+    std::optional<Micros> advanceEnd;  // the latest end of the advances under way
 };
 
 template <class Call>
@@ -118,6 +124,7 @@ void ScriptedMachine::Enter(Call call) {
     } catch (const ProcessEnd&) {
         if (depth > 1) throw;
         EndProcess();
+        FinishAdvance();
     }
 }
 

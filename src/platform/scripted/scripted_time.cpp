@@ -32,12 +32,28 @@ void ScriptedTime::DoEvents() { AdvanceTo(elapsed + MicrosPerTurn); }
 void ScriptedTime::WaitEvents() { DoEvents(); }
 
 void ScriptedTime::WaitUntil(const std::function<bool()>& done) {
+    const Micros end = underWay;
+    while (!done() && ServeNext(end)) {
+    }
+    if (!done()) elapsed = std::max(elapsed, end);
     while (!done()) {
-        if (!ServeMeanwhile || !ServeMeanwhile()) WaitEvents();
+        if (ServeMeanwhile) {
+            ServeMeanwhile();
+        } else {
+            WaitEvents();
+        }
     }
 }
 
 void ScriptedTime::AdvanceTo(Micros end) {
+    struct UnderWay {  // put back on every way out, also when the process ends
+        Micros& latest;
+        const Micros outer;
+        UnderWay(Micros& underWay, Micros until) : latest(underWay), outer(underWay) {
+            latest = std::max(outer, until);
+        }
+        ~UnderWay() { latest = outer; }
+    } const mark(underWay, end);
     while (ServeNext(end)) {
     }
     elapsed = std::max(elapsed, end);

@@ -27,10 +27,11 @@ public:
     // Both take MicrosPerTurn and serve what is due.
     void DoEvents() override;
     void WaitEvents() override;
-    // Serves ServeMeanwhile until done(); without one, turns.
+    // A form is shown modally: first the advances that it was opened in go on to their end, then
+    // ServeMeanwhile runs again and again until done(); without one, turns.
     void WaitUntil(const std::function<bool()>& done) override;
-    // What goes on while a form is shown modally: the script's next step. False when there is none.
-    std::function<bool()> ServeMeanwhile;
+    // What goes on while a form is shown modally: the script's next step.
+    std::function<void()> ServeMeanwhile;
 
     // Virtual time since the beginning; a jump of the clock does not touch it.
     Micros Elapsed() const { return elapsed; }
@@ -65,6 +66,7 @@ private:
 
     Micros wallAtStart;  // since day 0, at elapsed 0
     Micros elapsed = 0;
+    Micros underWay = -1;  // the latest end of the calls of AdvanceTo under way; -1: there is none
     Micros gridOrigin = 0;
     Workstation* workstation = nullptr;
     std::vector<WatchedTimer> timers;
