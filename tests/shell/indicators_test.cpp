@@ -130,13 +130,13 @@ TEST_F(Indicators, MessageTimesMeasureTheInterval) {
         {"another, pairs", 1, 15, {At(10, 0, 0), At(10, 0, 30), At(10, 1, 0)}, 4, 60, true},
         {"as set, threes", 2, 45, {At(10, 0, 0), At(10, 0, 15), At(10, 0, 30)}, 4, 45, false},
         {"another, threes", 2, 45, {At(10, 0, 0), At(10, 0, 20), At(10, 0, 40)}, 4, 60, true},
-        // 25 / 2 is 12, not 13
+        // 25 / 2 is 12, not 13, and 24 when it is multiplied back
         {"a set half goes to even",
          1,
          25,
          {At(10, 0, 0), At(10, 0, 12), At(10, 0, 24)},
          4,
-         25,
+         24,
          false},
         {"spans differ", 0, 15, {At(10, 0, 0), At(10, 0, 20), At(10, 0, 50)}, 2, 15, false},
         {"spans differ at first",
@@ -187,6 +187,31 @@ TEST_F(Indicators, AMeasuredIntervalThatDoesNotFitIsAnOverflow) {
         }
         EXPECT_EQ(fresh.settings.Message_Interval, 45) << "the old interval stays";
     }
+}
+
+TEST_F(Indicators, ResetEmptiesWhatAReplayHasShown) {
+    w.frmMain.CloudValue[1].Caption = "01230";
+    SetBatteryPanel(w, "Working from Battery", Red);
+    SetErrorsPanel(w, "Msg 1", Black);
+    for (ProfileSlotRecord& slot : w.graphs.ProfileRing) slot.Valid = -1;
+    ResetIndicators(w);
+    EXPECT_EQ(w.frmMain.CloudValue[1].Caption, "");
+    EXPECT_EQ(bar.Status.Text, "Status:    OK");
+    for (const ProfileSlotRecord& slot : w.graphs.ProfileRing) EXPECT_EQ(slot.Valid, 0);
+    EXPECT_EQ(bar.Errors.Text, "OFF-line");
+    EXPECT_TRUE(bar.Errors_Image.Visible);
+    EXPECT_EQ(bar.Battery.Text, "");
+    EXPECT_FALSE(bar.Battery_Image.Visible);
+}
+
+TEST_F(Indicators, AFailedStatementIsToldAndTheNextOneRuns) {
+    ReportAndGoOn(w, [] { throw RuntimeError(53); });
+    EXPECT_TRUE(machine.dialogs.TakeBox().has_value());
+    bool ran = false;
+    ReportAndGoOn(w, [&] { ran = true; });
+    EXPECT_TRUE(ran);
+    EXPECT_FALSE(machine.dialogs.TakeBox().has_value());
+    EXPECT_THROW(ReportAndGoOn(w, [] { throw ProcessEnd{0}; }), ProcessEnd);
 }
 
 TEST_F(Indicators, ReportErrorTellsTextAndNumber) {

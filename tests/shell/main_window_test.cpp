@@ -150,11 +150,42 @@ TEST(MainWindow, WhatIsNotThereYetSaysSo) {
     const std::pair<Control*, const char*> cases[] = {
         {&program.Form().mnuOpenTerminal, "The terminal is not part of this version yet."},
         {&program.Form().mnuPrintGraph, "Printing the graph is not part of this version yet."},
-        {&program.Form().Toolbar1.Grid, "The grid is not part of this version yet."},
+        {&program.Form().mnuCopyPicture, "Copying the graph is not part of this version yet."},
     };
     for (const auto& [control, text] : cases) {
         program.Click(*control);
         EXPECT_EQ(program.machine.dialogs.TakeBox(), text);
+    }
+}
+
+TEST(MainWindow, HelpIsAskedForByTwoNames) {
+    Program program;
+    program.Click(program.Form().mnuContents);
+    program.Click(program.Form().mnuIndex);
+    program.machine.files.SetStyle(PathStyle::Posix);
+    program.Click(program.Form().mnuContents);
+    EXPECT_EQ(program.machine.process.started,
+              (std::deque<std::string>{"help C:\\CUMERON\\CUMERON.HLP 3 0", "help CUMERON.HLP 1 50",
+                                       "help /usr/bin/CUMERON.HLP 3 0"}));
+}
+
+struct NoHelp : Process {
+    std::string CommandLine() const override { return ""; }
+    std::string ApplicationFolder() const override { return ""; }
+    void Help(const std::string&, int, int) override { throw RuntimeError(53); }
+};
+
+TEST(MainWindow, MissingHelpIsTold) {
+    ScriptedMachine machine;
+    NoHelp process;
+    Platform platform{machine.time,   machine.time,    machine.line,
+                      machine.files,  machine.dialogs, process,
+                      machine.copies, machine.ports,   {}};
+    Workstation w(platform);
+    for (const MenuEntry* entry : {&w.frmMain.mnuContents, &w.frmMain.mnuIndex}) {
+        entry->Click(w);
+        EXPECT_NE(machine.dialogs.TakeBox().value_or("").find("Error Number: 53"),
+                  std::string::npos);
     }
 }
 
@@ -311,6 +342,103 @@ TEST(SplitLayout, SharesTheWidthByTheRatio) {
         EXPECT_EQ(form.fraValues.Left, 594);
         EXPECT_EQ(program.W().graphs.RedrawAbort, 1);
         EXPECT_TRUE(form.ResizeTimer.Enabled());
+    }
+}
+
+TEST(Layout, SumsBeyondSixteenBitsAreAnError) {
+    Program program;
+    program.Resize(32900, 600);  // the values end at 32767 at the most
+    EXPECT_THROW(program.Resize(33000, 600), RuntimeError);
+    EXPECT_NO_THROW(program.Resize(-40000, -40000));
+    EXPECT_EQ(program.Form().picCombination.Width, 10);
+    EXPECT_EQ(program.Form().picCombination.Height, 5);
+}
+
+// Surfaces of 516 pixels together, from 68 on.
+TEST(Sizer, DividesTheSplitViewWhereItIsDropped) {
+    const struct {
+        const char* what;
+        bool onLines;
+        double x, ratio, width;
+    } cases[] = {
+        {"on the cloud graph", false, 129, 0.25, 129},
+        {"on the profile", true, 129, 0.75, 387},
+        {"to the far left", false, 0, 0.02, 10.32},
+        {"beyond it", false, -500, 0.02, 10.32},
+        {"to the far right", true, 258, 0.98, 505.68},
+        {"beyond that", true, 5000, 0.98, 505.68},
+        {"the lower limit", false, 10.4, 0.0201550, 10.4},
+    };
+    for (const auto& c : cases) {
+        Program program;
+        program.Resize(800, 600);
+        program.Click(program.Form().mnuSplitScreen);
+        FrmMain& form = program.Form();
+        program.machine.Advance(MicrosPerSecond);
+        ASSERT_TRUE(form.picSplitSizer.Draggable);
+        (c.onLines ? form.picLines : form.picCombination)
+            .DragDrop(program.W(), form.picSplitSizer, c.x, 20);
+        EXPECT_NEAR(static_cast<double>(program.W().settings.Split_Ratio), c.ratio, 1e-6) << c.what;
+        EXPECT_NEAR(form.picCombination.Width, c.width, 1e-3) << c.what;
+        EXPECT_NEAR(form.picSplitSizer.Left, 68 + c.width - 1, 1e-3) << c.what;
+        EXPECT_TRUE(form.ResizeTimer.Enabled()) << c.what;
+    }
+}
+
+TEST(Sizer, ADropOnTheProfileCountsFromTheLeftEdgeOfItsScale) {
+    Program program;
+    program.Resize(800, 600);
+    program.Click(program.Form().mnuSplitScreen);
+    FrmMain& form = program.Form();
+    form.picLines.ScaleLeft = -1000;
+    form.picLines.DragDrop(program.W(), form.picSplitSizer, 129, 20);
+    EXPECT_NEAR(form.picCombination.Width, 387, 1e-3);
+    form.picLines.ScaleMode = 0;
+    form.picLines.DragDrop(program.W(), form.picSplitSizer, -1000 + 64.5, 20);
+    EXPECT_NEAR(form.picCombination.Width, 451.5, 1e-3);
+}
+
+TEST(Sizer, AWindowWithoutRoomTakesTheLowerLimit) {
+    for (const double width : {284.0, 100.0}) {
+        Program program;
+        program.Click(program.Form().mnuSplitScreen);
+        program.Resize(width, 600);
+        FrmMain& form = program.Form();
+        form.picCombination.DragDrop(program.W(), form.picSplitSizer, 0, 20);
+        EXPECT_EQ(program.W().settings.Split_Ratio, 0.02F) << width;
+        EXPECT_EQ(form.picCombination.Width, 3) << width;
+    }
+}
+
+TEST(Grid, ButtonServesWhatIsOnView) {
+    const struct {
+        const char* what;
+        MenuEntry FrmMain::*view;
+        std::int16_t cloud, profile;            // before
+        std::int16_t cloudAfter, profileAfter;  // and after
+        bool labelsDirty;
+    } cases[] = {
+        {"cloud intensity", &FrmMain::mnuPoints, 0, 0, 1, 0, true},
+        {"cloud detection", &FrmMain::mnuCloudhit, 1, 1, 0, 1, true},
+        {"any number but 1 is off", &FrmMain::mnuPoints, 7, 0, 1, 0, true},
+        {"profile", &FrmMain::mnuLinePlot, 1, 0, 1, 1, false},
+        {"profile, off", &FrmMain::mnuLinePlot, 0, 1, 0, 0, false},
+        {"split", &FrmMain::mnuSplitScreen, 0, 1, 1, 0, true},
+    };
+    for (const auto& c : cases) {
+        Program program;
+        Workstation& w = program.W();
+        program.Click(w.frmMain.*c.view);
+        w.settings.Cloud_Show_Grid = c.cloud;
+        w.settings.Backscatter_Show_Grid = c.profile;
+        w.graphs.TimeLabelsDirty = w.graphs.HeightLabelsDirty = 0;
+        w.frmMain.fraValues.Caption = "";
+        program.Click(w.frmMain.Toolbar1.Grid);
+        EXPECT_EQ(w.settings.Cloud_Show_Grid, c.cloudAfter) << c.what;
+        EXPECT_EQ(w.settings.Backscatter_Show_Grid, c.profileAfter) << c.what;
+        EXPECT_EQ(w.graphs.TimeLabelsDirty, c.labelsDirty ? -1 : 0) << c.what;
+        EXPECT_EQ(w.graphs.HeightLabelsDirty, c.labelsDirty ? -1 : 0) << c.what;
+        EXPECT_EQ(w.frmMain.fraValues.Caption.empty(), !w.frmMain.mnuLinePlot.Checked) << c.what;
     }
 }
 

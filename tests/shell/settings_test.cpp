@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <map>
 #include <set>
 
 #include "platform/profile_file.h"
@@ -35,13 +34,6 @@ struct Program {
     ScriptedMachine machine;
 };
 
-TEST(SettingTable, HasEachKeyOnce) {
-    std::set<std::string_view> keys;
-    for (const SettingRow& row : SettingTable())
-        EXPECT_TRUE(keys.insert(row.key).second) << row.key;
-    EXPECT_EQ(keys.size(), 65U);
-}
-
 TEST(SettingTable, SavesEachKeyOnceAndLeavesFiveToOthers) {
     std::set<std::string_view> saved;
     for (const std::string_view key : SavedKeys()) {
@@ -56,97 +48,12 @@ TEST(SettingTable, SavesEachKeyOnceAndLeavesFiveToOthers) {
     EXPECT_THROW(SettingOf("No_Such_Key"), RuntimeError);
 }
 
-TEST(SettingTable, RestoresOnlyWhatCanBeStored) {
+TEST(ReadSettings, MissingFileIsNoErrorAndIsNotMade) {
     Program program;
-    const std::map<std::string_view, std::string> others = {{"File_Length", "6:0 "}};
-    for (const SettingRow& row : SettingTable()) {
-        if (row.restored == nullptr) continue;
-        ASSERT_NO_THROW(StoreSetting(program.W(), row, row.restored)) << row.key;
-        const auto other = others.find(row.key);
-        EXPECT_EQ(program.Text(row.key), other == others.end() ? row.restored : other->second);
-    }
-}
-
-TEST(ReadSettings, MissingFileGivesEveryDefault) {
-    Program program;
-    const std::map<std::string_view, std::string> others = {
-        {"Top", "1440"},          {"Left", "1920"},          {"Width", "11520"},
-        {"Height", "8640"},       {"File_Length", "6:0 "},   {"Sky_Win_Top", "3600"},
-        {"Sky_Win_Left", "4800"}, {"Message_Interval", "15"}};
-    for (const SettingRow& row : SettingTable()) {
-        const auto other = others.find(row.key);
-        EXPECT_EQ(program.Text(row.key), other == others.end() ? row.fallback : other->second)
-            << row.key;
-    }
-    EXPECT_FALSE(program.machine.files.Exists(File));
-    EXPECT_FALSE(program.W().shell.startFailed);
-}
-
-// A value of its own for each key, in the form in which the file is written.
-std::string OwnValue(const SettingRow& row, int number) {
-    const std::map<std::string_view, std::string> special = {
-        {"WindowState", "2"}, {"Comm_Settings", "4800,E,7,2"},
-        {"Comm_Port", "3"},   {"File_Length", "12:30"},
-        {"Compress", "0"},    {"CEILOMETER", "50"},
-        {"Cloudmode", "2"},   {"Port_open", "0"},
-        {"Units", "0"},       {"Message_Interval", "77"}};
-    const auto found = special.find(row.key);
-    return found == special.end() ? std::to_string(number) : found->second;
-}
-
-TEST(ReadSettings, TakesEachValueAndSavesItAgain) {
-    std::string lines;
-    int number = 100;
-    for (const SettingRow& row : SettingTable()) {
-        lines += std::string(row.key) + "=" + OwnValue(row, number++) + "\r\n";
-    }
-    Program program(lines);
     EXPECT_TRUE(program.machine.dialogs.Boxes().empty());
-    number = 100;
-    for (const SettingRow& row : SettingTable()) {
-        EXPECT_EQ(program.Text(row.key), OwnValue(row, number++)) << row.key;
-    }
-    program.Save();
-    EXPECT_EQ(program.machine.files.Content(File), "[CUMERON]\r\n" + lines);
-}
-
-TEST(ReadSettings, BadValueLeavesItAndAllBehindItUndone) {
-    const struct {
-        std::string_view key;
-        const char* value;
-        int error;
-    } cases[] = {
-        {"Modem_used", "", 13},
-        {"Modem_used", "yes", 13},
-        {"Start_Of_Information", "1 2", 13},
-        {"WindowState", "40000", 6},
-        {"Top", "high", 13},
-        {"Width", "1e39", 6},
-        {"Comm_Settings", "fast", 380},
-        {"Comm_Port", "17", 380},
-        {"Comm_Port", "40000", 6},
-        {"File_Length", "later", 13},
-        {"Backscatter_X_Low_Value", "3000000000", 6},
-        {"Units", "-40000", 6},
-        {"Clouds_Limit_0", "40000", 6},
-        {"Clouds_Color_4", "red", 13},
-        {"Split_Ratio", "half", 13},
-        {"Sky_Win_Width", "32768", 6},
-        {"CEILOMETER", "KN30", 13},
-        {"Message_Interval", "32768", 6},
-        {"Log_on", ",", 13},
-    };
-    for (const auto& c : cases) {
-        std::string lines = "Terminal_Settings=X.TRM\r\n";
-        lines += std::string(c.key) + "=" + c.value + "\r\n";
-        Program program(lines);
-        EXPECT_EQ(program.machine.dialogs.TakeBeeps(), 1) << c.key;
-        EXPECT_NE(program.Box().find("Error Number: " + std::to_string(c.error)), std::string::npos)
-            << c.key << " " << c.value;
-        EXPECT_TRUE(program.W().shell.startFailed) << c.key;
-        EXPECT_TRUE(program.W().frmMain.Visible) << c.key;
-        EXPECT_EQ(program.W().frmMain.sbaStatus.Errors.Text, "OFF-Line") << c.key;
-    }
+    EXPECT_FALSE(program.W().shell.startFailed);
+    EXPECT_EQ(program.W().settings.CEILOMETER, 30);
+    EXPECT_FALSE(program.machine.files.Exists(File));
 }
 
 TEST(ReadSettings, IntervalDependsOnTheModelAndTheCompression) {
@@ -250,12 +157,88 @@ TEST(SaveSettings, ValueThatTheFileCannotHoldIsToldAndTheOthersAreSaved) {
     EXPECT_EQ(program.InFile("Cloud_Amount"), "2");
 }
 
-TEST(SaveSettings, KeepsWhatOthersHaveWritten) {
-    Program program("Units=1\r\n; mine\r\nMain_Caption=North\r\n[other]\r\nUnits=7\r\n");
-    program.machine.files.Put(File, "[CUMERON]\r\nUnits=1\r\n; mine\r\nMain_Caption=South\r\n");
+TEST(SaveSettings, WritesTheWindowInWholeTwipsOfSevenDigits) {
+    const struct {
+        const char* read;
+        const char* saved;
+    } cases[] = {{"1234.5", "1234"},       {"1235.5", "1236"},       {"-0.5", "0"},
+                 {"1234567", "1234567"},   {"12345678", "12345680"}, {"-123456789", "-123456800"},
+                 {"99999995", "99999990"}, {"1e30", "1E+30"},        {"0.4", "0"}};
+    for (const auto& c : cases) {
+        Program program(std::string("Left=15\r\nTop=") + c.read + "\r\n");
+        program.Save();
+        EXPECT_EQ(program.InFile("Top"), c.saved) << c.read;
+    }
+}
+
+TEST(SaveSettings, ASkyWindowBeyondSixteenBitsIsToldAndTheRestIsSaved) {
+    Program program("Sky_Win_Top=77\r\n");
+    FrmSkyCond& sky = program.W().frmSkyCond;
+    sky.Top = 40000;
+    sky.Left = -1234.5;
     program.Save();
-    EXPECT_TRUE(program.machine.files.Content(File)->starts_with(
-        "[CUMERON]\r\nUnits=1\r\n; mine\r\nMain_Caption=South\r\nWindowState=0\r\nWidth="));
+    EXPECT_NE(program.Box().find("Error Number: 6"), std::string::npos);
+    EXPECT_TRUE(program.machine.dialogs.Boxes().empty());
+    EXPECT_EQ(program.InFile("Sky_Win_Top"), "77");
+    EXPECT_EQ(program.InFile("Sky_Win_Left"), "-1234");
+    EXPECT_EQ(program.InFile("Sky_Win_Height"), "4356");
+    EXPECT_EQ(program.InFile("Sky_Win_Width"), "5256");
+    EXPECT_EQ(program.W().settings.Sky_Win_Top, 77);
+}
+
+TEST(SaveSettings, MakesTheSkyWindowWhenAFailedStartHasNot) {
+    Program program("Modem_used=no\r\n");
+    ASSERT_FALSE(program.W().frmSkyCond.Loaded);
+    program.Save();
+    EXPECT_TRUE(program.W().frmSkyCond.Loaded);
+    EXPECT_EQ(program.InFile("Sky_Win_Left"), "2400");
+}
+
+TEST(SaveSettings, KeepsWhatOthersHaveWritten) {
+    const struct {
+        const char* what;
+        std::string before, after;  // around the section's own keys
+    } cases[] = {
+        {"comments and keys of others",
+         "; head\r\n[CUMERON]\r\nUnits=1\r\n; mine\r\nMain_Caption=South\r\nMine=7\r\n", ""},
+        {"a section behind", "[CUMERON]\r\nUnits=1\r\n", "\r\n[other]\r\nUnits=7\r\n"},
+        {"line feeds alone", "[CUMERON]\n # mine\nUnits=1\n", "\n\n[other]\nUnits=7"},
+        {"blanks and quotes", "[CUMERON]\r\nunits =1\r\n  odd line\r\n", ""},
+        {"a mark of an editor", "\xEF\xBB\xBF[CUMERON]\r\nUnits=1\r\n", ""},
+    };
+    for (const auto& c : cases) {
+        Program program("Units=1\r\n");
+        program.machine.files.Put(File, c.before + c.after);
+        program.Save();
+        const std::string file = program.machine.files.Content(File).value();
+        EXPECT_TRUE(file.starts_with(c.before + "WindowState=0")) << c.what;
+        EXPECT_TRUE(file.ends_with(c.after)) << c.what;
+        const bool feeds = c.before.find('\r') == std::string::npos;
+        EXPECT_EQ(file.find('\r') == std::string::npos, feeds) << c.what;
+        program.Save();
+        EXPECT_EQ(program.machine.files.Content(File), file) << c.what;
+    }
+}
+
+// Whatever fails: it is told, the program goes on, and the old file stands.
+TEST(SaveSettings, AFileThatCannotBeReplacedIsToldAndStands) {
+    const std::string old = "[CUMERON]\r\nUnits=1\r\n";
+    for (const int error : {70, 75, 76}) {
+        Program program("Units=1\r\n");
+        program.W().settings.Units = 0;
+        program.machine.files.FailNextOpen(File, error);  // of the reading
+        program.Save();
+        EXPECT_NE(program.Box().find("Error Number: " + std::to_string(error)), std::string::npos);
+        EXPECT_EQ(program.machine.files.Content(File), old);
+        EXPECT_TRUE(program.machine.Running());
+        program.Save();
+        EXPECT_EQ(program.InFile("Units"), "0");
+    }
+    Program program;
+    program.machine.files.FailNextOpen(File, 76);  // of the replacing: there is none to read
+    program.Save();
+    EXPECT_NE(program.Box().find("Error Number: 76"), std::string::npos);
+    EXPECT_FALSE(program.machine.files.Exists(File));
 }
 
 TEST(SaveSettings, FullDiskIsToldAndLeavesTheFile) {
@@ -264,6 +247,20 @@ TEST(SaveSettings, FullDiskIsToldAndLeavesTheFile) {
     program.Save();
     EXPECT_NE(program.Box().find("Error Number: 61"), std::string::npos);
     EXPECT_EQ(program.machine.files.Content(File), "[CUMERON]\r\nUnits=1\r\n");
+}
+
+TEST(SaveKeys, WritesTheseAloneAndTellsWhatFails) {
+    Program program("Units=1\r\nLog_on=0\r\n");
+    program.W().settings.Log_on = 1;
+    program.W().settings.Units = 0;
+    const std::string_view keys[] = {"Log_on", "Main_Caption"};
+    program.machine.files.FillDisk();
+    SaveKeys(program.W(), keys);
+    EXPECT_NE(program.Box().find("Error Number: 61"), std::string::npos);
+    program.machine.files.EmptyDisk();
+    SaveKeys(program.W(), keys);
+    EXPECT_EQ(program.machine.files.Content(File),
+              "[CUMERON]\r\nUnits=1\r\nLog_on=1\r\nMain_Caption=\r\n");
 }
 
 TEST(SaveSettings, FirstSaveAfterAFailedStartKeepsTheOldFile) {
@@ -305,6 +302,70 @@ TEST(SaveSettingsOnExit, EachClickTurnsTheCheckMark) {
     EXPECT_FALSE(entry.Checked);
     mnuSaveSettings_Click(program.W());
     EXPECT_TRUE(entry.Checked);
+}
+
+TEST(RestoreDefaults, IntervalDependsOnTheModelAlone) {
+    const struct {
+        const char* lines;
+        int interval;
+    } cases[] = {
+        {"CEILOMETER=70\r\nCompress=2\r\n", 60},
+        {"CEILOMETER=20\r\n", 15},
+        {"CEILOMETER=10\r\nCompress=1\r\n", 12},
+        {"Message_Interval=99\r\n", 15},
+        {"CEILOMETER=50\r\n", 15},
+        {"CEILOMETER=60\r\n", 15},
+    };
+    for (const auto& c : cases) {
+        Program program(c.lines);
+        RestoreDefaults(program.W());
+        EXPECT_EQ(program.W().settings.Message_Interval, c.interval) << c.lines;
+    }
+    Program unknown("CEILOMETER=31\r\n");
+    unknown.W().settings.Message_Interval = 99;
+    RestoreDefaults(unknown.W());
+    EXPECT_EQ(unknown.W().settings.Message_Interval, 99);
+}
+
+TEST(RestoreDefaults, DisplayFollows) {
+    Program program(
+        "Main_Caption=North\r\nComm_Port=2\r\nUnits=1\r\nCloudmode=2\r\nShow_Sky_Cond=1\r\n"
+        "Sky_Cond_On_Top=1\r\n");
+    Workstation& w = program.W();
+    program.machine.Advance(MicrosPerSecond);
+    ASSERT_TRUE(w.frmMain.fraSkyCond.Visible);
+    ASSERT_TRUE(w.frmSkyCond.TopMost);
+    ASSERT_FALSE(w.frmMain.ResizeTimer.Enabled());
+    w.frmMain.mnuRestore.Click(w);
+    EXPECT_EQ(w.shell.MainTitle, "CUMERON - Port 1");
+    EXPECT_EQ(w.frmMain.Caption, "CUMERON - Port 1");
+    EXPECT_FALSE(w.frmMain.fraSkyCond.Visible);
+    EXPECT_FALSE(w.frmSkyCond.TopMost);
+    EXPECT_EQ(w.graphs.PreviousCloudmode, 0);
+    EXPECT_EQ(w.graphs.UnitLabel, "[ft]");
+    EXPECT_TRUE(w.frmMain.ResizeTimer.Enabled()) << "laid out anew";
+    EXPECT_TRUE(program.machine.dialogs.Boxes().empty());
+}
+
+TEST(RestoreDefaults, IsRefusedWithAnOpenPortOrFile) {
+    for (MenuEntry FrmMain::*entry : {&FrmMain::mnuOpenPort, &FrmMain::mnuFileOpen}) {
+        Program program("Units=1\r\nMain_Caption=North\r\n");
+        (program.W().frmMain.*entry).Checked = true;
+        mnuRestore_Click(program.W());
+        EXPECT_EQ(program.Box(), "Close port and open log files before restoring defaults");
+        EXPECT_EQ(program.W().settings.Units, 1);
+        EXPECT_EQ(program.W().shell.MainTitle, "CUMERON - North");
+    }
+}
+
+TEST(RestoreDefaults, ARefusedLineSettingIsToldAndTheRestIsRestored) {
+    Program program("Comm_Settings=9600,e,7,1\r\nComm_Port=2\r\nUnits=1\r\n");
+    program.machine.line.FailNextSettings(380);
+    mnuRestore_Click(program.W());
+    EXPECT_NE(program.Box().find("Error Number: 380"), std::string::npos);
+    EXPECT_EQ(program.W().comCTLine().Settings(), "9600,e,7,1");
+    EXPECT_EQ(program.W().comCTLine().CommPort(), 1);
+    EXPECT_EQ(program.W().settings.Units, 0);
 }
 
 TEST(ListSettings, NamesEveryKeyAndStoresByIt) {

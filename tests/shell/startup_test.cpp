@@ -140,6 +140,31 @@ TEST(Start, TitleNamesTheCaptionOrThePort) {
     }
 }
 
+TEST(Start, ModelIsNamedInBothWindows) {
+    const std::pair<const char*, const char*> cases[] = {
+        {"70", "RV70X"}, {"10", "RV10X"}, {"31", ""}};
+    for (const auto& [code, name] : cases) {
+        ScriptedMachine machine;
+        machine.files.Put(File, std::string("[CUMERON]\r\nCEILOMETER=") + code + "\r\n");
+        machine.Start("");
+        EXPECT_EQ(machine.Program()->frmMain.lblCT.Caption, name);
+        EXPECT_EQ(machine.Program()->frmSkyCond.lblCT_2.Caption, name);
+    }
+}
+
+TEST(Start, AWindowWhosePlaceIsUnreadHasAUsableSize) {
+    ScriptedMachine machine;
+    machine.files.Put(File, "[CUMERON]\r\nModem_used=no\r\nWindowState=2\r\n");
+    machine.Start("");
+    Workstation& w = *machine.Program();
+    EXPECT_EQ(w.frmMain.ScaleWidth(), 640);
+    EXPECT_EQ(w.frmMain.ScaleHeight(), 480);
+    EXPECT_EQ(w.frmMain.picCombination.Width, 640 - 16 - 200 - 44 - 24);
+    w.frmMain.WindowState = 2;
+    ChangeWindowState(w, w.frmMain, 0);
+    EXPECT_EQ(w.frmMain.ScaleWidth(), 640);
+}
+
 TEST(Start, OpensThePortIfTheSettingSaysSo) {
     ScriptedMachine machine;
     machine.files.Put(File, "[CUMERON]\r\nPort_open=1\r\n");
@@ -219,6 +244,57 @@ TEST(Exit, AsksNothingAndFreesWhatTheCopyHeld) {
     EXPECT_TRUE(machine.Ended());
     EXPECT_TRUE(machine.copies.marks.empty());
     EXPECT_NE(machine.files.Content(File)->find("WindowState=0\r\n"), std::string::npos);
+}
+
+TEST(Exit, SavesTheNormalPlaceOfAWindowThatIsMaximised) {
+    const struct {
+        const char* what;
+        const char* lines;
+        void (*go)(Workstation&);
+        const char* saved;
+    } cases[] = {
+        {"maximised by the operator", "Left=300\r\n",
+         [](Workstation& w) {
+             ResizeForm(w, w.frmMain, 600, 500);
+             MoveForm(w, w.frmMain, 150, 75);
+             ChangeWindowState(w, w.frmMain, 2, 1024, 768);
+         },
+         "WindowState=0\r\nWidth=9000\r\nHeight=7500\r\nTop=75\r\n"},
+        {"maximised since the start", "Left=300\r\nTop=450\r\nWidth=9000\r\nWindowState=2\r\n",
+         [](Workstation& w) { ResizeForm(w, w.frmMain, 1024, 768); },
+         "WindowState=0\r\nWidth=9000\r\nHeight=7200\r\nTop=450\r\n"},
+        {"maximised without a place", "WindowState=2\r\n",
+         [](Workstation& w) { ResizeForm(w, w.frmMain, 1024, 768); },
+         "WindowState=0\r\nWidth=11520\r\nHeight=8640\r\nTop=1440\r\n"},
+        {"minimised", "Left=300\r\nTop=450\r\n",
+         [](Workstation& w) { ChangeWindowState(w, w.frmMain, 1); },
+         "WindowState=0\r\nWidth=9600\r\nHeight=7200\r\nTop=450\r\n"},
+    };
+    for (const auto& c : cases) {
+        ScriptedMachine machine;
+        machine.files.Put(File, std::string("[CUMERON]\r\n") + c.lines);
+        machine.Start("");
+        machine.Enter([&] { c.go(*machine.Program()); });
+        machine.files.Put(File, "[CUMERON]\r\n");
+        machine.Enter([&] { mnuExit_Click(*machine.Program()); });
+        EXPECT_TRUE(machine.dialogs.Boxes().empty()) << c.what;
+        EXPECT_TRUE(
+            machine.files.Content(File)->starts_with(std::string("[CUMERON]\r\n") + c.saved))
+            << c.what;
+    }
+}
+
+// The layout of a window that grows out of the 16 bits of its sums fails; leaving goes on.
+TEST(Exit, GoesOnPastAnErrorOfTheLayout) {
+    ScriptedMachine machine;
+    machine.Start("");
+    Workstation& w = *machine.Program();
+    w.frmMain.WindowState = 2;
+    w.frmMain.normalWidth = 15.0 * 40000;
+    machine.Enter([&] { mnuExit_Click(w); });
+    EXPECT_NE(machine.dialogs.TakeBox().value_or("").find("Error Number: 6"), std::string::npos);
+    EXPECT_TRUE(machine.Ended());
+    EXPECT_TRUE(machine.files.Exists(File));
 }
 
 TEST(Exit, SavesNothingWithoutTheCheckMark) {
