@@ -3,8 +3,17 @@ include(GNUInstallDirs)
 
 install(TARGETS cumeron cumeron-drive cumeron-sim RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 
+file(STRINGS CHANGELOG.md newest_change REGEX "^## " LIMIT_COUNT 1)
+if(NOT newest_change MATCHES "^## ${PROJECT_VERSION}(,|$)")
+  message(FATAL_ERROR "CHANGELOG.md begins with \"${newest_change}\", not with ${PROJECT_VERSION}")
+endif()
+
 file(GLOB man_pages CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/packaging/*.1)
-install(FILES ${man_pages} DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+foreach(page IN LISTS man_pages)
+  cmake_path(GET page FILENAME name)
+  configure_file(${page} man/${name} @ONLY)
+  install(FILES ${CMAKE_CURRENT_BINARY_DIR}/man/${name} DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+endforeach()
 install(FILES packaging/cumeron.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
 install(FILES packaging/cumeron.svg
         DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps)
