@@ -14,4 +14,6 @@ struct FrmAbout : Form {
     void Reset() override;
 };
 
+void mnuAbout_Click(Workstation& w);
+
 }  // namespace cumeron

@@ -1,5 +1,9 @@
 #include "shell/message_windows.h"
 
+#include <algorithm>
+
+#include "readings/status_words.h"
+#include "shell/main_window.h"
 #include "workstation.h"
 
 namespace cumeron {
@@ -10,17 +14,24 @@ namespace {
 constexpr std::size_t CutAbove = 15000;
 constexpr std::size_t CutTo = 8000;
 
+constexpr std::int16_t Rv10x = 10;  // model code
+
 void frmDebug_ShowTitle(Workstation& w) {
     w.frmDebug.Caption = "Message [" + w.shell.MainTitle + "]";
 }
 
-void frmDebug_Resize(Workstation& w) {
-    TextBox& txtMessage = w.frmDebug.txtMessage;
-    txtMessage.Left = 0;
-    txtMessage.Top = 0;
-    txtMessage.Width = w.frmDebug.ScaleWidth();
-    txtMessage.Height = w.frmDebug.ScaleHeight();
+void Place(Control& control, double left, double top, double width, double height) {
+    control.Left = left;
+    control.Top = top;
+    control.Width = width;
+    control.Height = height;
 }
+
+void Fill(const Form& form, TextBox& text) {
+    Place(text, 0, 0, form.ScaleWidth(), form.ScaleHeight());
+}
+
+void frmDebug_Resize(Workstation& w) { Fill(w.frmDebug, w.frmDebug.txtMessage); }
 
 // The window is only hidden: it keeps its text and goes on taking messages.
 bool frmDebug_QueryUnload(Workstation& w) {
@@ -33,11 +44,61 @@ bool frmDebug_QueryUnload(Workstation& w) {
 // Every key is thrown away: the text can be read and selected, not changed.
 int txtMessage_KeyPress(Workstation&, int) { return 0; }
 
-void Place(Control& control, double left, double top, double width, double height) {
-    control.Left = left;
-    control.Top = top;
-    control.Width = width;
-    control.Height = height;
+// A little above the middle of the screen.
+void frmStatus_Load(Workstation& w) {
+    FrmStatus& form = w.frmStatus;
+    form.Top = w.platform.screen.height * TwipsPerPixel / 2.0 - 2 * form.Height / 3;
+    form.Left = w.platform.screen.width * TwipsPerPixel / 2.0 - form.Width / 2;
+    KeepNormalPlace(form);
+    BuildStatusText(w);
+}
+
+void frmStatus_Paint(Workstation& w) {
+    std::string text = w.readings.StatusText;
+    std::replace(text.begin(), text.end(), '\r', '\n');
+    w.frmStatus.lblStatusText.Caption = text;
+}
+
+void frmStatus_Unload(Workstation& w) { w.frmMain.mnuShowStatus.Checked = false; }
+
+void frmStatus_Close(Workstation& w) { UnloadForm(w, w.frmStatus); }
+
+// True, and a box says so, for the model that has no full status message.
+// kept: the two buttons name different models in their refusals; both lists are known from the
+// manual.
+bool RefusesRv10x(Workstation& w, const char* models) {
+    if (w.settings.CEILOMETER != Rv10x) return false;
+    w.platform.dialogs.MessageBox(std::string("Function available only with ") + models,
+                                  BoxButtons::Ok);
+    return true;
+}
+
+void cmdViewStatuswnd_Click(Workstation& w) {
+    if (RefusesRv10x(w, "RV70X and RV20X")) return;
+    UnloadForm(w, w.frmStatus);
+    ShowForm(w, w.frmSmsg);
+    ++w.frmSmsg.BroughtToFront;
+}
+
+void Fstatusbutton_Click(Workstation& w) {
+    w.platform.events.DoEvents();
+    if (RefusesRv10x(w, "KN30, KN50, RV70X and RV20X")) return;
+    UnloadForm(w, w.frmStatus);
+    NotYet("The status enquiry")(w);
+}
+
+void frmSmsg_ShowTitle(Workstation& w) {
+    w.frmSmsg.Caption = "Status Message [" + w.shell.MainTitle + "]";
+}
+
+void frmSmsg_Resize(Workstation& w) { Fill(w.frmSmsg, w.frmSmsg.stsMessage); }
+
+// The enquiry writes its answer into the window.
+bool frmSmsg_QueryUnload(Workstation& w) {
+    if (w.intake.EnquiryBusy == 0) return false;
+    w.platform.dialogs.MessageBox("Status Message Handling in Progress, Please Wait!",
+                                  BoxButtons::Ok);
+    return true;
 }
 
 }  // namespace
@@ -71,14 +132,18 @@ FrmStatus::FrmStatus() {
     cmdViewStatuswnd.Caption = "Status Message Window";
     Fstatusbutton.Caption = "Get Status Message";
     Command1.Caption = "Close";
-    Place(Label1, 10, 295, 400, 20);
-    Place(cmdViewStatuswnd, 10, 320, 160, 30);
-    Place(Fstatusbutton, 180, 320, 140, 30);
-    Place(Command1, 330, 320, 80, 30);
+    cmdViewStatuswnd.Click = cmdViewStatuswnd_Click;
+    Fstatusbutton.Click = Fstatusbutton_Click;
+    Command1.Click = frmStatus_Close;
+
+    Load = frmStatus_Load;
+    Paint = frmStatus_Paint;
+    Unload = frmStatus_Unload;
 }
 
 ControlList FrmStatus::Controls() {
-    return {{"Label1", -1, "", &Label1},
+    return {{"lblStatusText", -1, "", &lblStatusText},
+            {"Label1", -1, "", &Label1},
             {"cmdViewStatuswnd", -1, "", &cmdViewStatuswnd},
             {"Fstatusbutton", -1, "", &Fstatusbutton},
             {"Command1", -1, "", &Command1}};
@@ -94,6 +159,11 @@ FrmSmsg::FrmSmsg() {
     stsMessage.MultiLine = true;
     stsMessage.FontName = "Courier";
     Place(stsMessage, 0, 0, 640, 360);
+
+    Load = frmSmsg_ShowTitle;
+    Activate = frmSmsg_ShowTitle;
+    Resize = frmSmsg_Resize;
+    QueryUnload = frmSmsg_QueryUnload;
 }
 
 ControlList FrmSmsg::Controls() { return {{"stsMessage", -1, "", &stsMessage}}; }
@@ -113,6 +183,12 @@ void mnuShowMessage_Click(Workstation& w) {
     ShowForm(w, w.frmDebug);
     ++w.frmDebug.BroughtToFront;
     w.frmMain.mnuShowMessage.Checked = true;
+}
+
+void mnuShowStatus_Click(Workstation& w) {
+    ShowForm(w, w.frmStatus);
+    ++w.frmStatus.BroughtToFront;
+    w.frmMain.mnuShowStatus.Checked = true;
 }
 
 }  // namespace cumeron

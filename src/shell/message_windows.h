@@ -1,5 +1,6 @@
-// The windows that show texts from the instrument: frmDebug (messages). The intake adds to it,
-// the menu shows it.
+// The windows that show texts from the instrument: frmDebug (messages), frmStatus (the decoded
+// status) and frmSmsg (the full status message). The intake and the readings feed them, the menu
+// shows them.
 #pragma once
 
 #include <string_view>
@@ -16,10 +17,11 @@ struct FrmDebug : Form {
     void Reset() override;
 };
 
-// The record only; what the readings set in it is kept here.
+// The status in words. BuildStatusText has it painted anew; Paint copies StatusText.
 struct FrmStatus : Form {
-    Button cmdViewStatuswnd, Fstatusbutton, Command1;
+    Label lblStatusText;  // its lines are parted by LF
     Label Label1;
+    Button cmdViewStatuswnd, Fstatusbutton, Command1;
 
     FrmStatus();
     ControlList Controls() override;
@@ -38,5 +40,6 @@ struct FrmSmsg : Form {
 // Puts text in front of what txtMessage holds; past 15000 characters it is cut to the first 8000.
 void AddToMessageWindow(Workstation& w, std::string_view text);
 void mnuShowMessage_Click(Workstation& w);
+void mnuShowStatus_Click(Workstation& w);
 
 }  // namespace cumeron

@@ -16,4 +16,6 @@ struct FrmCType : Form {
     void Reset() override;
 };
 
+void mnuCeiloType_Click(Workstation& w);
+
 }  // namespace cumeron

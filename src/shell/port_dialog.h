@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "platform/form.h"
 
@@ -26,10 +27,13 @@ struct FrmConfigScrn : Form {
     // What the clicks have chosen, in the words of the line's settings.
     std::string baudText, parityLetter, dataBits, stopBits;
     std::int16_t chosenPort = 0;
+    std::vector<std::string> deviceNames;  // of the items of cboDevice behind the first
 
     FrmConfigScrn();
     ControlList Controls() override;
     void Reset() override;
 };
+
+void mnuPortSettings_Click(Workstation& w);
 
 }  // namespace cumeron

@@ -16,4 +16,6 @@ struct FrmStart : Form {
     void Reset() override;
 };
 
+void mnuStartup_Click(Workstation& w);
+
 }  // namespace cumeron

@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include "intake/models.h"
 #include "platform/scripted/scripted_machine.h"
+#include "readings/status_words.h"
 #include "workstation.h"
 
 namespace cumeron {
@@ -144,23 +146,7 @@ TEST(StatusWindow, NamesItsControls) {
     EXPECT_EQ(form.Command1.Caption, "Close");
     std::string names;
     for (const NamedControl& named : form.Controls()) names += named.name + " ";
-    EXPECT_EQ(names, "Label1 cmdViewStatuswnd Fstatusbutton Command1 ");
-}
-
-TEST(StatusWindow, ControlsLieInTheWindowSideBySide) {
-    FrmStatus form;
-    const Control* row[] = {&form.cmdViewStatuswnd, &form.Fstatusbutton, &form.Command1};
-    double right = 0;
-    for (const Control* button : row) {
-        EXPECT_GT(button->Left, right);
-        EXPECT_GT(button->Width, 0);
-        EXPECT_GE(button->Top, form.Label1.Top + form.Label1.Height);
-        EXPECT_LE(button->Top + button->Height, form.ScaleHeight());
-        right = button->Left + button->Width;
-    }
-    EXPECT_LE(right, form.ScaleWidth());
-    EXPECT_GT(form.Label1.Height, 0);
-    EXPECT_LE(form.Label1.Left + form.Label1.Width, form.ScaleWidth());
+    EXPECT_EQ(names, "lblStatusText Label1 cmdViewStatuswnd Fstatusbutton Command1 ");
 }
 
 TEST(StatusWindow, ResetBringsTheDesignBack) {
@@ -173,6 +159,125 @@ TEST(StatusWindow, ResetBringsTheDesignBack) {
     form.Reset();
     EXPECT_EQ(Design(form), design);
     EXPECT_FALSE(form.Loaded);
+}
+
+class StatusWindows : public testing::Test {
+protected:
+    StatusWindows() {
+        w.shell.MainTitle = "CUMERON - Port 1";
+        w.settings.CEILOMETER = 30;
+        w.settings.Message_Interval = 15;
+        LoadModel(w, LoadedBy::Start);
+        w.intake.IntervalSeekState = 4;
+    }
+    std::string Box() { return machine.dialogs.TakeBox().value_or("no box"); }
+
+    ScriptedMachine machine;
+    Workstation w{machine.platform};
+    FrmStatus& form = w.frmStatus;
+};
+
+TEST_F(StatusWindows, TheMenuShowsTheStatus) {
+    mnuShowStatus_Click(w);
+    EXPECT_TRUE(form.Visible);
+    EXPECT_EQ(ModalForm(w), nullptr);
+    EXPECT_TRUE(w.frmMain.mnuShowStatus.Checked);
+    EXPECT_EQ(form.BroughtToFront, 1u);
+    mnuShowStatus_Click(w);
+    EXPECT_EQ(form.BroughtToFront, 2u);
+    form.Command1.Click(w);
+    EXPECT_FALSE(form.Loaded);
+    EXPECT_FALSE(w.frmMain.mnuShowStatus.Checked);
+}
+
+TEST_F(StatusWindows, MenuAndToolbarReachIt) {
+    w.frmMain.mnuShowStatus.Click(w);
+    EXPECT_TRUE(form.Visible);
+    UnloadForm(w, form);
+    w.frmMain.Toolbar1.Status.Click(w);
+    EXPECT_TRUE(form.Visible);
+}
+
+TEST_F(StatusWindows, TheStatusOpensALittleAboveTheMiddle) {
+    machine.platform.screen = {1600, 900, 0};
+    mnuShowStatus_Click(w);
+    EXPECT_DOUBLE_EQ(form.Top, 900 * 15 / 2.0 - 2 * form.Height / 3);
+    EXPECT_DOUBLE_EQ(form.Left, 1600 * 15 / 2.0 - form.Width / 2);
+    EXPECT_EQ(form.normalTop, form.Top);
+}
+
+TEST_F(StatusWindows, TheTextIsBuiltAfreshAndFollowsEachMessage) {
+    w.readings.StatusText = "old";
+    mnuShowStatus_Click(w);
+    const std::string& shown = form.lblStatusText.Caption;
+    EXPECT_TRUE(shown.starts_with("Message Interval: 15 s\nTilt Angle: degrees\n")) << shown;
+    EXPECT_EQ(shown.find('\r'), shown.npos);
+    w.readings.AngleText = "+02";
+    BuildStatusText(w);
+    EXPECT_TRUE(shown.starts_with("Message Interval: 15 s\nTilt Angle: +02degrees\n")) << shown;
+}
+
+TEST_F(StatusWindows, TheFullMessageTakesThePlaceOfTheStatus) {
+    mnuShowStatus_Click(w);
+    form.cmdViewStatuswnd.Click(w);
+    EXPECT_EQ(Box(), "no box");
+    EXPECT_FALSE(form.Loaded);
+    EXPECT_TRUE(w.frmSmsg.Visible);
+    EXPECT_EQ(w.frmSmsg.BroughtToFront, 1u);
+    EXPECT_EQ(w.frmSmsg.Caption, "Status Message [CUMERON - Port 1]");
+}
+
+TEST_F(StatusWindows, TheRv10xHasNoFullMessage) {
+    w.settings.CEILOMETER = 10;
+    mnuShowStatus_Click(w);
+    form.cmdViewStatuswnd.Click(w);
+    EXPECT_EQ(Box(), "Function available only with RV70X and RV20X");
+    form.Fstatusbutton.Click(w);
+    EXPECT_EQ(Box(), "Function available only with KN30, KN50, RV70X and RV20X");
+    EXPECT_EQ(Box(), "no box");
+    EXPECT_TRUE(form.Visible);
+    EXPECT_FALSE(w.frmSmsg.Loaded);
+}
+
+TEST_F(StatusWindows, TheEnquiryClosesTheStatusAfterPendingEvents) {
+    mnuShowStatus_Click(w);
+    bool served = false;
+    machine.time.At(0, [&] { served = form.Visible; });
+    form.Fstatusbutton.Click(w);
+    EXPECT_TRUE(served);
+    EXPECT_FALSE(form.Loaded);
+    EXPECT_EQ(Box(), "The status enquiry is not part of this version yet.");
+}
+
+TEST_F(StatusWindows, TheFullMessageNamesTheTitleAndFillsItsWindow) {
+    ShowForm(w, w.frmSmsg);
+    w.shell.MainTitle = "CUMERON - West";
+    ShowForm(w, w.frmSmsg);
+    EXPECT_EQ(w.frmSmsg.Caption, "Status Message [CUMERON - West]");
+    w.frmSmsg.stsMessage.Left = w.frmSmsg.stsMessage.Top = 5;
+    ResizeForm(w, w.frmSmsg, 333, 222);
+    EXPECT_EQ(w.frmSmsg.stsMessage.Left, 0);
+    EXPECT_EQ(w.frmSmsg.stsMessage.Top, 0);
+    EXPECT_EQ(w.frmSmsg.stsMessage.Width, 333);
+    EXPECT_EQ(w.frmSmsg.stsMessage.Height, 222);
+}
+
+TEST_F(StatusWindows, AFullMessageNamesTheTitleAlreadyWhenLoaded) {
+    LoadForm(w, w.frmSmsg);
+    EXPECT_EQ(w.frmSmsg.Caption, "Status Message [CUMERON - Port 1]");
+}
+
+TEST_F(StatusWindows, TheFullMessageStaysDuringAnEnquiry) {
+    ShowForm(w, w.frmSmsg);
+    w.frmSmsg.stsMessage.Text = "half an answer";
+    w.intake.EnquiryBusy = 1;
+    EXPECT_FALSE(CloseForm(w, w.frmSmsg));
+    EXPECT_EQ(Box(), "Status Message Handling in Progress, Please Wait!");
+    EXPECT_EQ(w.frmSmsg.stsMessage.Text, "half an answer");
+    w.intake.EnquiryBusy = 0;
+    EXPECT_TRUE(CloseForm(w, w.frmSmsg));
+    EXPECT_EQ(Box(), "no box");
+    EXPECT_EQ(w.frmSmsg.stsMessage.Text, "");
 }
 
 }  // namespace

@@ -1,0 +1,16 @@
+#include "shell/dialogs.h"
+
+#include "workstation.h"
+
+namespace cumeron {
+
+void ShowDialog(Workstation& w, Form& form) {
+    if (w.frmMain.mnuSkyCond.Checked) {
+        w.frmSkyCond.TopMost = false;  // on top it would cover the dialog
+        ++w.frmSkyCond.SentToBack;
+    }
+    ShowModal(w, form);
+    SetTop(w);
+}
+
+}  // namespace cumeron
