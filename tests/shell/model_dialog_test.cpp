@@ -79,6 +79,9 @@ TEST_F(ModelDialog, ButtonsBearTheNamesOfTheModels) {
         SetModel(Codes[i]);
         EXPECT_EQ(form.optCType[i].Caption, w.model.name);
     }
+    EXPECT_EQ(form.Caption, "CEILOMETER");
+    EXPECT_EQ(form.Command1.Caption, "OK");
+    EXPECT_EQ(form.Command2.Caption, "Cancel");
 }
 
 TEST_F(ModelDialog, OkLoadsTheChosenModel) {

@@ -126,6 +126,23 @@ TEST_F(PortDialog, OffersTheListedPortsAndSpeeds) {
     EXPECT_EQ(form.txtModemInitialization.Text, "ATD");
 }
 
+TEST_F(PortDialog, NamesItsControls) {
+    EXPECT_EQ(form.Caption, "Communication Settings");
+    EXPECT_EQ(form.frmPorts.Caption, "&Com Port");
+    EXPECT_EQ(form.fraDataBits.Caption, "&Data Bits");
+    EXPECT_EQ(form.fraStopBits.Caption, "&Stop Bits");
+    EXPECT_EQ(form.fraParity.Caption, "&Parity");
+    EXPECT_EQ(form.Data7.Caption + form.Data8.Caption + form.Stop1.Caption + form.Stop2.Caption,
+              "7812");
+    EXPECT_EQ(form.NoParity.Caption, "None");
+    EXPECT_EQ(form.OddParity.Caption, "Odd");
+    EXPECT_EQ(form.EvenParity.Caption, "Even");
+    EXPECT_EQ(form.ChkModem.Caption, "Modem");
+    EXPECT_EQ(form.fraModem.Caption, "Modem Initialization String");
+    EXPECT_EQ(form.OKButton.Caption, "OK");
+    EXPECT_EQ(form.CancelButton.Caption, "Cancel");
+}
+
 TEST_F(PortDialog, ShowsEachSettingByItsButton) {
     const struct {
         const char* settings;

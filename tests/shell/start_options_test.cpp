@@ -115,6 +115,8 @@ TEST_F(StartOptions, AreReachedFromTheMenu) {
         EXPECT_EQ(form.Caption, "Start up Options");
         EXPECT_EQ(form.Check1.Caption, "Comm Port Open");
         EXPECT_EQ(form.Check2.Caption, "Log On");
+        EXPECT_EQ(form.CmdOK.Caption, "OK");
+        EXPECT_EQ(form.CmdCancel.Caption, "Cancel");
         form.CmdCancel.Click(w);
     });
     w.frmMain.mnuStartup.Click(w);
