@@ -23,7 +23,6 @@ std::int16_t QuarterInto(double edge, double size) {
 void NoteDesign(FrmSkyCond& form) {
     form.notedWidth = form.Width;
     form.notedHeight = form.Height;
-    form.notedLabels.clear();
     for (const NamedControl& named : form.Controls()) {
         auto* const* label = std::get_if<Label*>(&named.control);
         if (label == nullptr) continue;

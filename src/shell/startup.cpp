@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "graphs/axes.h"
 #include "intake/models.h"
@@ -54,16 +55,25 @@ void ChooseSettingsFile(Workstation& w) {
 }
 
 // A window without a stored place takes 75 % of the screen and stands in its middle.
-void PlaceWindow(Workstation& w) {
+void CentreWindow(Workstation& w) {
     FrmMain& form = w.frmMain;
-    if (form.Top != 0 || form.Left != 0) return KeepNormalPlace(form);
     const double screenWidth = w.platform.screen.width * TwipsPerPixel;
     const double screenHeight = w.platform.screen.height * TwipsPerPixel;
     form.Width = screenWidth * 0.75;
     form.Height = screenHeight * 0.75;
     form.Left = (screenWidth - form.Width) / 2;
     form.Top = (screenHeight - form.Height) / 2;
+}
+
+// A stored state counts from here on: the window is laid out for its normal size first, so that one
+// that starts minimised looks right when it is opened.
+void PlaceWindow(Workstation& w) {
+    FrmMain& form = w.frmMain;
+    if (form.Top == 0 && form.Left == 0) CentreWindow(w);
     KeepNormalPlace(form);
+    const int stored = std::exchange(form.WindowState, 0);
+    Form_Resize(w);
+    form.WindowState = stored;
 }
 
 // The window exists from here on, also when nobody looks at it.

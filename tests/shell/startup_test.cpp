@@ -152,6 +152,17 @@ TEST(Start, ModelIsNamedInBothWindows) {
     }
 }
 
+TEST(Start, AWindowThatStartsMinimisedIsLaidOutWhenItOpens) {
+    ScriptedMachine machine;
+    machine.files.Put(File, "[CUMERON]\r\nWindowState=1\r\nTop=15\r\nWidth=12000\r\n");
+    machine.Start("");
+    Workstation& w = *machine.Program();
+    EXPECT_EQ(w.frmMain.WindowState, 1);
+    machine.Advance(MicrosPerSecond);
+    ChangeWindowState(w, w.frmMain, 0);
+    EXPECT_EQ(w.frmMain.picCombination.Width, 800 - 16 - 200 - 44 - 24);
+}
+
 TEST(Start, AWindowWhosePlaceIsUnreadHasAUsableSize) {
     ScriptedMachine machine;
     machine.files.Put(File, "[CUMERON]\r\nModem_used=no\r\nWindowState=2\r\n");
