@@ -73,6 +73,10 @@ TEST(BeforeTheStart, SettingsStandBehindTheirSection) {
          "stale-mark 1\nsetting Message_Interval 33\nstart\nexpect Message_Interval 33\n"
          "expect InstanceNumber 1\n",
          2},
+        {"the file of a start that stands in a definition",
+         "let N 7\nsetting Message_Interval 33\nfile-has CUMERON7.INI 33\nstart $N\n"
+         "expect Message_Interval 33\n",
+         2},
         {"commands on files may change the lines",
          "setting Message_Interval 33\n"
          "put-file CUMERON1.INI \"[CUMERON]\\r\\nMessage_Interval=44\\r\\n\"\n"
@@ -103,6 +107,8 @@ TEST(BeforeTheStart, MachineIsMadeUp) {
     EXPECT_EQ(RunText("paths dos\n").counts.failed, 1);
     EXPECT_EQ(RunText("start\npaths posix\n").counts.failed, 1);
     EXPECT_EQ(RunText("clock noon\n").counts.failed, 1);
+    EXPECT_EQ(RunText("screen 0 600\n").counts.failed, 1);
+    EXPECT_EQ(RunText("screen 800 40000\n").counts.failed, 1);
 }
 
 TEST(Line, FollowsTheScript) {
@@ -132,6 +138,9 @@ TEST(Line, FollowsTheScript) {
     EXPECT_EQ(RunText("fault smoke\n").counts.failed, 1);
     EXPECT_EQ(RunText("carrier maybe\n").counts.failed, 1);
     EXPECT_EQ(RunText("reply \"\" x\n").counts.failed, 1);
+    const std::string longest(LongestTrigger, 'x');
+    EXPECT_EQ(RunText("reply " + longest + " y\n").counts.failed, 0);
+    EXPECT_EQ(RunText("reply x" + longest + " y\n").counts.failed, 1);
 }
 
 TEST(Line, ReplyComesAFifthOfASecondLaterUnlessTold) {
@@ -238,7 +247,8 @@ TEST(Operator, WorksTheWindows) {
         const char* lines;
         const char* told;
     } cases[] = {
-        {"resize frmMain 0 5\n", "s.scn:2: resize: a window has a size above 0\n"},
+        {"resize frmMain 0 5\n", "s.scn:2: resize: \"0\" is not 1 to 32767 pixels\n"},
+        {"resize frmMain 5 32768\n", "s.scn:2: resize: \"32768\" is not 1 to 32767 pixels\n"},
         {"resize frmDebug 50 50\n", "s.scn:2: resize: frmDebug is not visible\n"},
         {"close frmDebug\n", "s.scn:2: close: frmDebug is not visible\n"},
         {"activate frmDebug\n", "s.scn:2: activate: frmDebug is not visible\n"},
@@ -271,7 +281,8 @@ TEST(Operator, WritesIntoTextBoxes) {
 // Runs the lines on a session whose message box has been given a key handler.
 std::string TextAfterTyping(bool multiLine, const std::string& keys) {
     std::ostringstream out;
-    Session session("s.scn", "", "", out);
+    std::istringstream script;
+    Session session("s.scn", script, "", out);
     RunWords(session, 1, {"start"});
     RunWords(session, 2, {"click", "mnuShowMessage"});
     TextBox& box = session.Running().frmDebug.txtMessage;
@@ -297,7 +308,8 @@ TEST(Operator, KeysPassTheHandlerOneByOne) {
 
 TEST(Operator, DisabledFormAndInputTakeNothing) {
     std::ostringstream out;
-    Session session("s.scn", "", "", out);
+    std::istringstream script;
+    Session session("s.scn", script, "", out);
     RunWords(session, 1, {"start"});
     RunWords(session, 1, {"click", "mnuShowMessage"});
     Workstation& w = session.Running();
@@ -330,9 +342,9 @@ TEST(Machine, DiskAndFilesFail) {
     };
     for (const auto& c : cases) {
         std::ostringstream out;
-        Session session("s.scn", "", "", out);
-        std::string script = std::string("start\n") + c.before + save;
-        for (const ScriptLine& line : ParseScript(script)) RunLine(session, line);
+        std::istringstream script(std::string("start\n") + c.before + save);
+        Session session("s.scn", script, "", out);
+        while (const auto line = session.script.Next()) RunLine(session, *line);
         const std::string name = session.machine.files.SettingsFolder() + "\\CUMERON1.INI";
         EXPECT_EQ(session.machine.files.Exists(name), c.saved) << c.before;
         EXPECT_EQ(out.str(), "") << c.before;
@@ -345,7 +357,8 @@ TEST(Machine, DiskAndFilesFail) {
 
 TEST(Machine, DiskSpaceIsWhatTheScriptSays) {
     std::ostringstream out;
-    Session session("s.scn", "", "", out);
+    std::istringstream script;
+    Session session("s.scn", script, "", out);
     RunWords(session, 1, {"disk-free", "C:", "1000"});
     EXPECT_EQ(session.machine.files.FreeDiskSpace("C:"), 1000);
     RunWords(session, 1, {"disk-free", "C:", "-1"});
@@ -354,7 +367,8 @@ TEST(Machine, DiskSpaceIsWhatTheScriptSays) {
 
 TEST(Expectations, LookAtSurfaces) {
     std::ostringstream out;
-    Session session("s.scn", "", "", out);
+    std::istringstream script;
+    Session session("s.scn", script, "", out);
     RunWords(session, 1, {"start"});
     Surface& surface = session.Running().frmMain.picYLabels;
     surface.Width = 20;
@@ -427,6 +441,7 @@ TEST(Show, ProfileGoesToItsLastElement) {
         "set ProfileRing(3).Profile(256) 8\n"
         "set ProfileLength 256\nshow-profile\n");
     EXPECT_THAT(printed, testing::StartsWith("[7,0,0"));
+    EXPECT_THAT(Printed("set ProfileSlot 99\nshow-profile\n"), HasSubstr("show-profile: error 9"));
 }
 
 }  // namespace

@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <fstream>
 
+#include "bench.h"
 #include "run_script.h"
 
 namespace cumeron {
@@ -217,11 +218,12 @@ TEST(Driver, PicturesGoToHostFiles) {
     const HostFolder folder;
     const std::string script =
         "start\nresize frmMain 400 300\nadvance 1\npicture picLines p.ppm\n"
-        "picture picLines p.gif\npicture picLines none/p.ppm\n";
+        "picture picLines p.gif\npicture picLines none/p.ppm\npicture picLines p.png\n";
     const Outcome outcome = RunText(script, folder.path.string());
     EXPECT_EQ(outcome.counts.failed, 2) << outcome.printed;
     EXPECT_THAT(outcome.printed, HasSubstr("s.scn:5: picture: only pictures whose names end"));
     EXPECT_THAT(outcome.printed, HasSubstr("s.scn:6: picture: cannot write the host file"));
+    EXPECT_THAT(*ReadHostFile((folder.path / "p.png").string()), StartsWith("\x89PNG\r\n\x1A\n"));
     std::ifstream file(folder.path / "p.ppm", std::ios::binary);
     std::string kind;
     std::size_t width = 0, height = 0;
@@ -230,6 +232,12 @@ TEST(Driver, PicturesGoToHostFiles) {
     const std::string head =
         "P6\n" + std::to_string(width) + " " + std::to_string(height) + "\n255\n";
     EXPECT_EQ(std::filesystem::file_size(folder.path / "p.ppm"), head.size() + 3 * width * height);
+}
+
+TEST(Driver, SurfaceWithoutPixelsIsNoPicture) {
+    Bench bench("picture picLines p.png\n");
+    bench.w.frmMain.picLines.Width = 0;
+    EXPECT_EQ(bench.Run(), "s.scn:1: picture: picLines has no pixels\n");
 }
 
 }  // namespace

@@ -15,7 +15,8 @@ struct Outcome {
 
 inline Outcome RunText(const std::string& text, const std::string& folder = "") {
     std::ostringstream out;
-    const Counts counts = RunScenario("s.scn", text, folder, out);
+    std::istringstream script(text);
+    const Counts counts = RunScenario("s.scn", script, folder, out);
     return {counts, out.str()};
 }
 

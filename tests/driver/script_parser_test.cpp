@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <sstream>
+
 namespace cumeron {
 namespace {
 
@@ -64,13 +66,40 @@ TEST(ParseLine, KnowsWhatWasQuoted) {
     EXPECT_TRUE(line.words[2].quoted);
 }
 
-TEST(ParseScript, NumbersTheLinesOfTheFile) {
-    const std::vector<ScriptLine> lines = ParseScript("# first\r\n\na\r\n\"\nb");
-    ASSERT_EQ(lines.size(), 3U);
-    EXPECT_EQ(lines[0].number, 3);
-    EXPECT_EQ(lines[1].number, 4);
-    EXPECT_EQ(lines[2].number, 5);
-    EXPECT_TRUE(ParseScript("").empty());
+TEST(ScriptReader, NumbersTheLinesOfTheFile) {
+    std::istringstream text("# first\r\n\na\r\n\"\nb");
+    ScriptReader reader(text);
+    EXPECT_EQ(reader.LastNumber(), 0);
+    for (const int number : {3, 4, 5}) {
+        const auto line = reader.Next();
+        ASSERT_TRUE(line);
+        EXPECT_EQ(line->number, number);
+        EXPECT_EQ(line->error.empty(), number != 4);
+        EXPECT_EQ(reader.LastNumber(), number);
+    }
+    EXPECT_FALSE(reader.Next());
+    EXPECT_EQ(reader.LastNumber(), 5);
+}
+
+TEST(ScriptReader, LooksAheadWithoutTakingLines) {
+    std::istringstream text("a\n\nb\nc\n");
+    ScriptReader reader(text);
+    EXPECT_EQ(reader.Ahead(1)->words[0].text, "b");
+    EXPECT_EQ(reader.Ahead(0)->words[0].text, "a");
+    EXPECT_EQ(reader.LastNumber(), 0);
+    EXPECT_EQ(reader.Next()->words[0].text, "a");
+    EXPECT_EQ(reader.Ahead(1)->words[0].text, "c");
+    EXPECT_EQ(reader.Ahead(2), nullptr);
+    EXPECT_EQ(reader.Next()->number, 3);
+    EXPECT_EQ(reader.Next()->number, 4);
+    EXPECT_FALSE(reader.Next());
+}
+
+TEST(ScriptReader, ReadsNoFurtherThanItIsAsked) {
+    std::istringstream text("a\nb\nc\n");
+    ScriptReader reader(text);
+    reader.Next();
+    EXPECT_EQ(text.tellg(), 2);
 }
 
 TEST(Quoted, WritesWhatAScriptWouldRead) {

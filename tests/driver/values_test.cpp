@@ -78,6 +78,11 @@ TEST(Matches, ComparesByTheKindThatIsHeld) {
         {std::int64_t{0x000080}, "qb4", true},
         {date, "2026-11-15 14:41:25", true},
         {date, "2026-11-15 14:41:26", false},
+        {date, "2026-11-15 14:41:25.000", true},
+        {DateValue{date.when + 0.25 / 86400}, "2026-11-15 14:41:25.25", true},
+        {DateValue{date.when + 0.25 / 86400}, "2026-11-15 14:41:25", true},
+        {DateValue{date.when + 0.25 / 86400}, "2026-11-15 14:41:25.26", false},
+        {date.when, "2026-11-15 14:41:25", false},
         {DateValue{0}, "0", true},
         {DateValue{0.25}, "0.25", true},
     };
@@ -94,6 +99,9 @@ TEST(Arguments, TellWhatIsWrongWithThem) {
     EXPECT_THROW(IntegerArgument("1E10"), CommandError);
     EXPECT_THROW(SecondsArgument("-1"), CommandError);
     EXPECT_THROW(SecondsArgument("1E10"), CommandError);
+    EXPECT_EQ(PixelsArgument("32767"), 32767);
+    EXPECT_THROW(PixelsArgument("0"), CommandError);
+    EXPECT_THROW(PixelsArgument("32768"), CommandError);
     EXPECT_THROW(TimeArgument("noon"), CommandError);
     EXPECT_TRUE(OnOffArgument("on"));
     EXPECT_FALSE(OnOffArgument("off"));

@@ -19,18 +19,26 @@ bool NamesSettingsFile(const std::string& commandLine) {
     return number > 0 && number < 100;
 }
 
+// A word of a line that has not run yet, with what stands for it now.
+std::string Defined(const Session& session, const ScriptWord& word) {
+    if (word.quoted || !word.text.starts_with('$')) return word.text;
+    const auto found = session.definitions.find(word.text.substr(1));
+    return found == session.definitions.end() ? word.text : found->second;
+}
+
 // The bare name of the file that the next start in the script will choose, with the copies that
 // the lines up to there put beside it.
-std::string SettingsFileOfNextStart(const Session& session) {
+std::string SettingsFileOfNextStart(Session& session) {
     bool anotherRuns = session.machine.copies.anotherRuns;
     std::set<int> marks = session.machine.copies.marks;
     std::string commandLine;
-    for (std::size_t i = session.position + 1; i < session.script.size(); ++i) {
-        const std::vector<ScriptWord>& words = session.script[i].words;
+    for (std::size_t i = 0; const ScriptLine* line = session.script.Ahead(i); ++i) {
+        const std::vector<ScriptWord>& words = line->words;
         const std::string name = words.empty() ? "" : words[0].text;
-        const std::string argument = words.size() > 1 ? words[1].text : "";
-        if ((name == "other-copy" || name == "stale-mark") && IsNumeric(argument)) {
-            marks.insert(ToInt16(argument));
+        const std::string argument = words.size() > 1 ? Defined(session, words[1]) : "";
+        if (const auto number = WholeNumberOf(argument);
+            number && (name == "other-copy" || name == "stale-mark")) {
+            marks.insert(*number);
             anotherRuns = anotherRuns || name == "other-copy";
         }
         if (name == "start") {
@@ -68,8 +76,7 @@ void RunClock(Session& session, const Words& arguments) {
 }
 
 void RunScreen(Session& session, const Words& arguments) {
-    session.machine.platform.screen = {IntegerArgument(arguments[0]),
-                                       IntegerArgument(arguments[1])};
+    session.machine.platform.screen = {PixelsArgument(arguments[0]), PixelsArgument(arguments[1])};
 }
 
 void RunPaths(Session& session, const Words& arguments) {

@@ -103,6 +103,18 @@ void RunLines(Session& session, const Words& arguments) {
         !content ? "no file" : std::to_string(lines) + (whole ? " lines" : " lines and a part"));
 }
 
+void RunRan(Session& session, const Words& arguments) {
+    auto& started = session.machine.process.started;
+    const std::string got = started.empty() ? "none" : Quoted(started.front());
+    session.Check(!started.empty() && started.front() == arguments[0], Quoted(arguments[0]), got);
+    if (!started.empty()) started.pop_front();
+}
+
+void RunRanNone(Session& session, const Words&) {
+    const auto& started = session.machine.process.started;
+    session.Check(started.empty(), "none", started.empty() ? "" : Quoted(started.front()));
+}
+
 void RunBeeps(Session& session, const Words& arguments) {
     const int beeps = session.machine.dialogs.TakeBeeps();
     session.Check(beeps == IntegerArgument(arguments[0]), arguments[0], std::to_string(beeps));
@@ -147,7 +159,6 @@ void RunEnded(Session& session, const Words& arguments) {
 }
 
 constexpr std::string_view Printing = "the printing module";
-constexpr std::string_view Programs = "the starting of programs";
 
 constexpr Command Commands[] = {
     {"expect", "NAME VALUE", 2, 2, RunExpect},
@@ -162,8 +173,8 @@ constexpr Command Commands[] = {
     {"file-not", "NAME VALUE", 2, 2, RunFileNot},
     {"no-file", "NAME", 1, 1, RunNoFile},
     {"lines", "NAME NUMBER", 2, 2, RunLines},
-    {"ran", "VALUE", 1, 1, nullptr, Programs},
-    {"ran-none", "", 0, 0, nullptr, Programs},
+    {"ran", "VALUE", 1, 1, RunRan},
+    {"ran-none", "", 0, 0, RunRanNone},
     {"beeps", "NUMBER", 1, 1, RunBeeps},
     {"pixel", "SURFACE X Y COLOUR", 4, 4, RunPixel},
     {"printed", "SURFACE VALUE X Y TOLERANCE", 5, 5, RunPrinted},

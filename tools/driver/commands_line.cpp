@@ -35,6 +35,9 @@ void RunSettingsError(Session& session, const Words& arguments) {
 void RunReply(Session& session, const Words& arguments) {
     const Micros delay = arguments.size() > 2 ? SecondsArgument(arguments[2]) : UsualReplyDelay;
     if (arguments[0].empty()) throw CommandError{"an empty trigger never comes"};
+    if (arguments[0].size() > LongestTrigger) {
+        throw CommandError{"a trigger has at most " + std::to_string(LongestTrigger) + " bytes"};
+    }
     session.machine.line.ReplyTo(arguments[0], arguments[1], delay);
 }
 

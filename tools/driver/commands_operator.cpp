@@ -1,5 +1,6 @@
 // The operator: clicks, keys, inputs, windows, answers.
 #include <algorithm>
+#include <vector>
 
 #include "commands.h"
 #include "names.h"
@@ -22,30 +23,54 @@ std::optional<NamedControl> ParentOf(Form& form, const NamedControl& named) {
     return std::nullopt;
 }
 
-void CheckForm(const Form& form) {
+// A form takes input while it is seen and enabled, and none but the innermost modal form does.
+void CheckForm(Session& session, const Form& form) {
     if (!form.Visible) throw CommandError{form.Name + " is not visible"};
     if (!form.Enabled) throw CommandError{form.Name + " is disabled"};
-}
-
-void CheckEnabled(const FoundControl& found) {
-    const Control* control = SeenControl(found.named.control);
-    if (!control) throw CommandError{NameOf(found.named) + " is nothing to see"};
-    if (!control->Enabled) throw CommandError{NameOf(found.named) + " is disabled"};
-}
-
-// A click has to reach the control: it, what it lies in and its form are visible and enabled.
-void CheckReachable(const FoundControl& found) {
-    CheckForm(*found.form);
-    FoundControl place = found;
-    while (true) {
-        CheckEnabled(place);
-        if (!SeenControl(place.named.control)->Visible) {
-            throw CommandError{NameOf(place.named) + " is not visible"};
-        }
-        const auto parent = ParentOf(*found.form, place.named);
-        if (!parent) return;
-        place.named = *parent;
+    const Form* modal = ModalForm(session.Running());
+    if (modal && modal != &form) {
+        throw CommandError{form.Name + " takes no input while " + modal->Name + " is open"};
     }
+}
+
+void CheckVisible(const NamedControl& named) {
+    if (!SeenControl(named.control)->Visible) throw CommandError{NameOf(named) + " is not visible"};
+}
+
+void CheckEnabled(const NamedControl& named) {
+    const Control* control = SeenControl(named.control);
+    if (!control) throw CommandError{NameOf(named) + " is nothing to see"};
+    if (!control->Enabled) throw CommandError{NameOf(named) + " is disabled"};
+}
+
+// The control and what it lies in, from the inside out.
+std::vector<NamedControl> WithItsParents(const FoundControl& found) {
+    std::vector<NamedControl> chain{found.named};
+    while (const auto parent = ParentOf(*found.form, chain.back())) chain.push_back(*parent);
+    return chain;
+}
+
+// The operator's hand has to reach the control: it, what it lies in and its form are visible and
+// enabled.
+void CheckReachable(Session& session, const FoundControl& found) {
+    CheckForm(session, *found.form);
+    for (const NamedControl& named : WithItsParents(found)) {
+        CheckEnabled(named);
+        CheckVisible(named);
+    }
+}
+
+// An input may be hidden just now, on another page of its form or with the form itself.
+void CheckTakesInput(const FoundControl& found) {
+    if (!found.form->Enabled) throw CommandError{found.form->Name + " is disabled"};
+    for (const NamedControl& named : WithItsParents(found)) CheckEnabled(named);
+}
+
+FoundControl FindWholeControl(Session& session, const std::string& name) {
+    session.Running();
+    FoundControl found = FindControl(session, name);
+    if (!found.property.empty()) throw CommandError{name + " is no control"};
+    return found;
 }
 
 void Dispatch(Session& session, const Handler& handler) {
@@ -53,22 +78,55 @@ void Dispatch(Session& session, const Handler& handler) {
     session.machine.Enter([&] { DispatchEvent(w, handler); });
 }
 
-void RunClick(Session& session, const Words& arguments) {
-    session.Running();
-    const FoundControl found = FindControl(session, arguments[0]);
-    if (!found.property.empty()) throw CommandError{arguments[0] + " is no control"};
-    CheckReachable(found);
-    if (auto* const* button = std::get_if<ToolButton*>(&found.named.control)) {
+// What a control does to itself at a click comes before its handler.
+void ClickControl(Workstation& w, Form& form, const AnyControl& control) {
+    if (auto* const* option = std::get_if<OptionButton*>(&control)) {
+        ChooseOption(w, form, **option);
+        return;
+    }
+    if (auto* const* box = std::get_if<CheckBox*>(&control)) (*box)->Value = 1 - (*box)->Value;
+    if (auto* const* button = std::get_if<ToolButton*>(&control)) {
         if ((*button)->CheckStyle) (*button)->Value = 1 - (*button)->Value;
     }
-    Dispatch(session, SeenControl(found.named.control)->Click);
+    // By value: the handler may put its form back into the design state.
+    if (const Handler click = SeenControl(control)->Click) click(w);
 }
+
+void RunClick(Session& session, const Words& arguments) {
+    const FoundControl found = FindWholeControl(session, arguments[0]);
+    if (std::holds_alternative<ComboBox*>(found.named.control)) {
+        throw CommandError{arguments[0] + " is a list, in which set chooses"};
+    }
+    CheckReachable(session, found);
+    Dispatch(session, [&](Workstation& w) { ClickControl(w, *found.form, found.named.control); });
+}
+
+void RunHover(Session& session, const Words& arguments) {
+    const FoundControl found = FindWholeControl(session, arguments[0]);
+    CheckReachable(session, found);
+    Dispatch(session, SeenControl(found.named.control)->MouseEnter);
+}
+
+void RunDrop(Session& session, const Words& arguments) {
+    const FoundControl source = FindWholeControl(session, arguments[0]);
+    const FoundControl target = FindWholeControl(session, arguments[1]);
+    const double x = NumberArgument(arguments[2]);
+    const double y = NumberArgument(arguments[3]);
+    CheckReachable(session, source);
+    CheckReachable(session, target);
+    const Control& dragged = *SeenControl(source.named.control);
+    if (!dragged.Draggable) throw CommandError{arguments[0] + " cannot be dragged"};
+    Dispatch(session, [&](Workstation& w) {
+        const DropHandler drop = SeenControl(target.named.control)->DragDrop;
+        if (drop) drop(w, dragged, x, y);
+    });
+}
+
+[[noreturn]] void NoInput(const std::string& name) { throw CommandError{name + " is no input"}; }
 
 TextBox& InputBox(const FoundControl& found, const std::string& name) {
     auto* const* box = std::get_if<TextBox*>(&found.named.control);
-    if (!box || (!found.property.empty() && found.property != "Text")) {
-        throw CommandError{name + " is no input"};
-    }
+    if (!box || (!found.property.empty() && found.property != "Text")) NoInput(name);
     return **box;
 }
 
@@ -91,16 +149,97 @@ void TypeKey(TextBox& box, int key) {
     }
 }
 
+// One key as the box takes it: KeyPress may replace it, and may close the form; then Change.
+void PressKey(Workstation& w, const Form& form, TextBox& box, int key) {
+    const auto keyPress = box.KeyPress;
+    if (keyPress) key = keyPress(w, key);
+    if (!form.Visible) return;
+    const std::string before = box.Text;
+    TypeKey(box, key);
+    const Handler change = box.Change;
+    if (change && box.Text != before) change(w);
+}
+
 void RunType(Session& session, const Words& arguments) {
     for (const char c : arguments[1]) {
         session.Running();
         const FoundControl found = FindControl(session, arguments[0]);
         TextBox& box = InputBox(found, arguments[0]);
-        CheckReachable(found);
-        int key = static_cast<unsigned char>(c);
-        if (box.KeyPress) Dispatch(session, [&](Workstation& w) { key = box.KeyPress(w, key); });
-        TypeKey(box, key);
+        CheckReachable(session, found);
+        Dispatch(session, [&](Workstation& w) {
+            PressKey(w, *found.form, box, static_cast<unsigned char>(c));
+        });
     }
+}
+
+void RunPaste(Session& session, const Words& arguments) {
+    session.Running();
+    const FoundControl found = FindControl(session, arguments[0]);
+    TextBox& box = InputBox(found, arguments[0]);
+    CheckReachable(session, found);
+    InsertText(box, arguments[1]);
+    Dispatch(session, box.Change);
+}
+
+Handler TextSetter(TextBox& box, const std::string& text) {
+    return [&box, text](Workstation& w) {
+        box.Text = text;
+        box.SelStart = static_cast<int>(text.size());
+        if (const Handler change = box.Change) change(w);
+    };
+}
+
+Handler OptionSetter(Form& form, OptionButton& option, const std::string& value) {
+    if (NumberOf(value) != -1) {
+        throw CommandError{"an option is set to True, which puts the others of its frame out"};
+    }
+    return [&form, &option](Workstation& w) { ChooseOption(w, form, option); };
+}
+
+Handler CheckSetter(CheckBox& box, const std::string& value) {
+    const int ticked = IntegerArgument(value);
+    if (ticked != 0 && ticked != 1) throw CommandError{"a check box is set to 0 or 1"};
+    return [&box, ticked](Workstation& w) {
+        box.Value = ticked;
+        if (const Handler click = box.Click) click(w);
+    };
+}
+
+Handler ItemSetter(ComboBox& list, int index) {
+    if (index < 0 || index >= static_cast<int>(list.Items.size())) {
+        throw CommandError{"the list has no such item"};
+    }
+    return [&list, index](Workstation& w) { SelectItem(w, list, index); };
+}
+
+// A text typed into a list that takes none but its items chooses the item.
+Handler ItemTextSetter(ComboBox& list, const std::string& text) {
+    if (list.Editable) return [&list, text](Workstation& w) { TypeItem(w, list, text); };
+    const auto item = std::find(list.Items.begin(), list.Items.end(), text);
+    return ItemSetter(list,
+                      item == list.Items.end() ? -1 : static_cast<int>(item - list.Items.begin()));
+}
+
+// What setting the input does; throws CommandError when it is no input or the value is none of it.
+Handler SetterOf(const FoundControl& found, const std::string& name, const std::string& value) {
+    const AnyControl& control = found.named.control;
+    const std::string property = found.property.empty() ? DefaultProperty(control) : found.property;
+    if (property == "Text") {
+        if (auto* const* box = std::get_if<TextBox*>(&control)) return TextSetter(**box, value);
+        if (auto* const* list = std::get_if<ComboBox*>(&control)) {
+            return ItemTextSetter(**list, value);
+        }
+    } else if (property == "Value") {
+        if (auto* const* option = std::get_if<OptionButton*>(&control)) {
+            return OptionSetter(*found.form, **option, value);
+        }
+        if (auto* const* box = std::get_if<CheckBox*>(&control)) return CheckSetter(**box, value);
+    } else if (property == "ListIndex") {
+        if (auto* const* list = std::get_if<ComboBox*>(&control)) {
+            return ItemSetter(**list, IntegerArgument(value));
+        }
+    }
+    NoInput(name);
 }
 
 void RunSet(Session& session, const Words& arguments) {
@@ -110,18 +249,9 @@ void RunSet(Session& session, const Words& arguments) {
         StoreVariable(session, arguments[0], arguments[1]);
         return;
     }
-    TextBox& box = InputBox(*found, arguments[0]);
-    CheckEnabled(*found);
-    box.Text = arguments[1];
-    box.SelStart = static_cast<int>(box.Text.size());
-}
-
-void RunPaste(Session& session, const Words& arguments) {
-    session.Running();
-    const FoundControl found = FindControl(session, arguments[0]);
-    TextBox& box = InputBox(found, arguments[0]);
-    CheckReachable(found);
-    InsertText(box, arguments[1]);
+    const Handler setter = SetterOf(*found, arguments[0], arguments[1]);
+    CheckTakesInput(*found);
+    Dispatch(session, setter);
 }
 
 Form& VisibleForm(Session& session, const std::string& name) {
@@ -133,9 +263,8 @@ Form& VisibleForm(Session& session, const std::string& name) {
 
 void RunResize(Session& session, const Words& arguments) {
     Form& form = VisibleForm(session, arguments[0]);
-    const int width = IntegerArgument(arguments[1]);
-    const int height = IntegerArgument(arguments[2]);
-    if (width < 1 || height < 1) throw CommandError{"a window has a size above 0"};
+    const int width = PixelsArgument(arguments[1]);
+    const int height = PixelsArgument(arguments[2]);
     Dispatch(session, [&](Workstation& w) { ResizeForm(w, form, width, height); });
 }
 
@@ -160,14 +289,14 @@ void RunRestore(Session& session, const Words& arguments) { ChangeState(session,
 
 void RunActivate(Session& session, const Words& arguments) {
     Form& form = VisibleForm(session, arguments[0]);
-    CheckForm(form);
+    CheckForm(session, form);
     Dispatch(session, form.Activate);
     if (session.machine.Running()) Dispatch(session, form.Paint);
 }
 
 void RunClose(Session& session, const Words& arguments) {
     Form& form = VisibleForm(session, arguments[0]);
-    CheckForm(form);
+    CheckForm(session, form);
     Dispatch(session, [&](Workstation& w) { CloseForm(w, form); });
 }
 
@@ -189,9 +318,9 @@ void RunAnswer(Session& session, const Words& arguments) {
 constexpr Command Commands[] = {
     {"click", "NAME", 1, 1, RunClick},
     {"type", "NAME VALUE", 2, 2, RunType},
-    {"hover", "NAME", 1, 1, nullptr, "controls that notice the mouse"},
+    {"hover", "NAME", 1, 1, RunHover},
     {"set", "NAME VALUE", 2, 2, RunSet},
-    {"drop", "SOURCE TARGET X Y", 4, 4, nullptr, "dragging between controls"},
+    {"drop", "SOURCE TARGET X Y", 4, 4, RunDrop},
     {"drop-files", "FORM NAME...", 2, AnyNumber, nullptr, "the off-line reader"},
     {"paste", "NAME VALUE", 2, 2, RunPaste},
     {"resize", "FORM WIDTH HEIGHT", 3, 3, RunResize},

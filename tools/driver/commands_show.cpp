@@ -4,6 +4,7 @@
 
 #include "commands.h"
 #include "names.h"
+#include "pictures.h"
 #include "properties.h"
 #include "values.h"
 
@@ -71,9 +72,14 @@ void RunShowSent(Session& session, const Words&) {
     Print(session, ToUtf8(session.machine.line.Sent()));
 }
 
+void RunShowRan(Session& session, const Words&) {
+    Print(session, JsonOfTexts(session.machine.process.started));
+}
+
 void RunShowProfile(Session& session, const Words&) {
     const Workstation& w = session.Program();
-    const auto& slot = w.graphs.ProfileRing.at(static_cast<std::size_t>(w.graphs.ProfileSlot));
+    CheckIndex(w.graphs.ProfileSlot, w.graphs.ProfileRing.size());
+    const auto& slot = w.graphs.ProfileRing[static_cast<std::size_t>(w.graphs.ProfileSlot)];
     const auto length = static_cast<std::size_t>(w.model.ProfileLength) + 1;
     json array = json::array();
     for (std::size_t i = 0; i < length && i < slot.Profile.size(); ++i) {
@@ -118,19 +124,17 @@ void RunShowNames(Session& session, const Words& arguments) {
 }
 
 void RunPicture(Session& session, const Words& arguments) {
-    if (!arguments[1].ends_with(".ppm")) {
-        throw CommandError{"only pictures whose names end with .ppm can be written"};
+    const bool png = arguments[1].ends_with(".png");
+    if (!png && !arguments[1].ends_with(".ppm")) {
+        throw CommandError{"only pictures whose names end with .png or .ppm can be written"};
     }
     const Surface& surface = FindSurface(session, arguments[0]);
+    if (surface.PixelWidth() < 1 || surface.PixelHeight() < 1) {
+        throw CommandError{arguments[0] + " has no pixels"};
+    }
     const std::string path = session.HostPath(arguments[1]);
     std::ofstream file(path, std::ios::binary);
-    file << "P6\n" << surface.PixelWidth() << ' ' << surface.PixelHeight() << "\n255\n";
-    for (int y = 0; y < surface.PixelHeight(); ++y) {
-        for (int x = 0; x < surface.PixelWidth(); ++x) {
-            const int colour = surface.Pixel(x, y);  // 00BBGGRR
-            for (const int shift : {0, 8, 16}) file.put(static_cast<char>(colour >> shift & 0xFF));
-        }
-    }
+    file << (png ? PngOf(surface) : PpmOf(surface));
     file.close();
     if (!file) throw CommandError{"cannot write the host file " + path};
 }
@@ -147,7 +151,7 @@ constexpr Command Commands[] = {
     {"show-files", "", 0, 0, RunShowFiles},
     {"show-boxes", "", 0, 0, RunShowBoxes},
     {"show-sent", "", 0, 0, RunShowSent},
-    {"show-ran", "", 0, 0, nullptr, "the starting of programs"},
+    {"show-ran", "", 0, 0, RunShowRan},
     {"show-profile", "", 0, 0, RunShowProfile},
     {"show-column", "SURFACE X", 2, 2, RunShowColumn},
     {"show-printed", "SURFACE", 1, 1, RunShowPrinted},

@@ -2,7 +2,6 @@
 
 #include <filesystem>
 #include <istream>
-#include <iterator>
 #include <optional>
 
 #include "commands.h"
@@ -35,8 +34,25 @@ void PrintCounts(std::ostream& out, const Counts& counts) {
     out << counts.passed << " passed, " << counts.failed << " failed" << std::endl;
 }
 
+bool RunNextLine(Session& session) {
+    const std::optional<ScriptLine> line = session.script.Next();
+    if (!line) return false;
+    RunLine(session, *line);
+    return true;
+}
+
+// A line that opens a form modally runs those behind it before it comes back.
+void RunLines(Session& session) {
+    try {
+        while (RunNextLine(session)) {
+        }
+    } catch (const ScriptEnd&) {
+        // A form was still open; nothing is left to be done in it.
+    }
+}
+
 void CheckEnd(Session& session) {
-    session.line = session.script.empty() ? 0 : session.script.back().number;
+    session.line = session.script.LastNumber();
     session.command = "end";
     while (const auto box = session.machine.dialogs.TakeBox()) {
         session.Fail("expected no box, got " + Quoted(*box));
@@ -45,18 +61,22 @@ void CheckEnd(Session& session) {
 
 }  // namespace
 
-Counts RunScenario(const std::string& file, const std::string& text, const std::string& folder,
-                   std::ostream& out) {
-    Session session(file, text, folder, out);
+void RunScript(Session& session) {
+    session.machine.time.ServeMeanwhile = [&session] {
+        if (!RunNextLine(session)) throw ScriptEnd{};
+    };
     try {
-        for (const ScriptLine& line : session.script) {
-            session.position = static_cast<std::size_t>(&line - session.script.data());
-            RunLine(session, line);
-        }
+        RunLines(session);
         CheckEnd(session);
     } catch (const StopRun&) {
         // Told where it happened.
     }
+}
+
+Counts RunScenario(const std::string& file, std::istream& text, const std::string& folder,
+                   std::ostream& out) {
+    Session session(file, text, folder, out);
+    RunScript(session);
     return session.counts;
 }
 
@@ -81,15 +101,15 @@ int RunDriver(const std::vector<std::string>& arguments, std::istream& in, std::
     Counts total;
     bool unreadable = false;
     for (const std::string& file : files) {
-        const std::optional<std::string> text =
-            file == "-" ? std::string{std::istreambuf_iterator<char>(in), {}} : ReadHostFile(file);
-        if (!text) {
+        std::ifstream hostFile;
+        if (file != "-") hostFile = OpenHostFile(file);
+        if (file != "-" && !hostFile.is_open()) {
             errors << "cumeron-drive: cannot read " << file << '\n';
             unreadable = true;
             continue;
         }
         const std::string folder = std::filesystem::path(file).parent_path().string();
-        const Counts counts = RunScenario(file, *text, folder, out);
+        const Counts counts = RunScenario(file, file == "-" ? in : hostFile, folder, out);
         total.passed += counts.passed;
         total.failed += counts.failed;
     }

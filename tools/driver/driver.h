@@ -9,9 +9,13 @@
 
 namespace cumeron {
 
+// Runs the lines that are still to run, to the end of the file; what fails is told and counted in
+// the session.
+void RunScript(Session& session);
+
 // Runs one scenario on a fresh machine; what fails is told on out under the name file. Names of
 // host files are relative to folder.
-Counts RunScenario(const std::string& file, const std::string& text, const std::string& folder,
+Counts RunScenario(const std::string& file, std::istream& text, const std::string& folder,
                    std::ostream& out);
 
 // The whole program over its arguments: 0 nothing failed, 1 something did, 2 a file could not be

@@ -97,16 +97,31 @@ ScriptLine ParseLine(std::string_view line, int number) {
     }
 }
 
-std::vector<ScriptLine> ParseScript(std::string_view text) {
-    std::vector<ScriptLine> lines;
-    int number = 0;
-    while (!text.empty()) {
-        const std::size_t end = std::min(text.find('\n'), text.size());
-        ScriptLine line = ParseLine(text.substr(0, end), ++number);
-        if (!line.words.empty() || !line.error.empty()) lines.push_back(std::move(line));
-        text.remove_prefix(std::min(end + 1, text.size()));
+// Brings one line with words or an error into ahead; false at the end.
+bool ScriptReader::ReadOne() {
+    std::string text;
+    while (std::getline(input, text)) {
+        ScriptLine line = ParseLine(text, ++linesRead);
+        if (line.words.empty() && line.error.empty()) continue;
+        ahead.push_back(std::move(line));
+        return true;
     }
-    return lines;
+    return false;
+}
+
+std::optional<ScriptLine> ScriptReader::Next() {
+    if (ahead.empty() && !ReadOne()) return std::nullopt;
+    ScriptLine line = std::move(ahead.front());
+    ahead.pop_front();
+    lastNumber = line.number;
+    return line;
+}
+
+const ScriptLine* ScriptReader::Ahead(std::size_t count) {
+    while (ahead.size() <= count) {
+        if (!ReadOne()) return nullptr;
+    }
+    return &ahead[count];
 }
 
 std::string Quoted(std::string_view text) {

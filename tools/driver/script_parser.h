@@ -1,6 +1,9 @@
-// Cuts the text of a scenario into lines and words. Pure; takes any bytes.
+// Cuts the text of a scenario into lines and words. Takes any bytes.
 #pragma once
 
+#include <deque>
+#include <istream>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -20,8 +23,29 @@ struct ScriptLine {
 };
 
 ScriptLine ParseLine(std::string_view line, int number);
-// Empty lines and comments are left out. A line ends with LF or CR LF.
-std::vector<ScriptLine> ParseScript(std::string_view text);
+
+// Reads a script line by line and no further than it is asked for, so that a script of a month
+// takes no more memory than one of a day. Empty lines and comments are left out. A line ends with
+// LF or CR LF.
+class ScriptReader {
+public:
+    explicit ScriptReader(std::istream& in) : input(in) {}
+
+    // Nothing at the end.
+    std::optional<ScriptLine> Next();
+    // The line that stands count lines behind the next one; null when the script ends before it.
+    const ScriptLine* Ahead(std::size_t count);
+    // The number of the line that Next gave last, 0 before the first.
+    int LastNumber() const { return lastNumber; }
+
+private:
+    bool ReadOne();
+
+    std::istream& input;
+    int linesRead = 0;
+    int lastNumber = 0;
+    std::deque<ScriptLine> ahead;
+};
 
 // text in double quotes as a script would write it: what is not printable ASCII is escaped.
 std::string Quoted(std::string_view text);

@@ -6,19 +6,24 @@
 
 namespace cumeron {
 
+std::ifstream OpenHostFile(const std::string& path) {
+    std::error_code noMatter;
+    if (std::filesystem::is_directory(path, noMatter)) return {};
+    return std::ifstream(path, std::ios::binary);
+}
+
 std::optional<std::string> ReadHostFile(const std::string& path) {
-    if (std::filesystem::is_directory(path)) return std::nullopt;
-    std::ifstream file(path, std::ios::binary);
-    if (!file) return std::nullopt;
+    std::ifstream file = OpenHostFile(path);
+    if (!file.is_open()) return std::nullopt;
     return std::string{std::istreambuf_iterator<char>(file), {}};
 }
 
-Session::Session(std::string file, const std::string& text, std::string scenarioFolder,
+Session::Session(std::string file, std::istream& text, std::string scenarioFolder,
                  std::ostream& output)
     : fileName(std::move(file)),
       folder(std::move(scenarioFolder)),
       out(output),
-      script(ParseScript(text)),
+      script(text),
       variables(ListVariables()) {}
 
 void Session::Check(bool holds, const std::string& expected, const std::string& got) {

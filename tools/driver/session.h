@@ -1,6 +1,8 @@
 // One run of a scenario: its machine, where the script stands, and what has passed and failed.
 #pragma once
 
+#include <fstream>
+#include <istream>
 #include <map>
 #include <optional>
 #include <ostream>
@@ -23,22 +25,28 @@ struct CommandError {
 // trap of the program takes it.
 struct StopRun {};
 
+// The script has come to its end while a form is shown modally: the way out of the program's calls.
+// No std::exception either.
+struct ScriptEnd {};
+
 struct Counts {
     int passed = 0;
     int failed = 0;
 };
 
-// All bytes of a file of the host; nothing when it cannot be read.
+// A file of the host; not open when it cannot be read, as a folder cannot.
+std::ifstream OpenHostFile(const std::string& path);
+// All its bytes; nothing when it cannot be read.
 std::optional<std::string> ReadHostFile(const std::string& path);
 
 struct Session {
-    Session(std::string file, const std::string& text, std::string folder, std::ostream& output);
+    // text is read as the run goes on, and stays where it is while the session lives.
+    Session(std::string file, std::istream& text, std::string folder, std::ostream& output);
 
     const std::string fileName;  // as messages name it
     const std::string folder;    // names of host files are relative to it
     std::ostream& out;
-    const std::vector<ScriptLine> script;
-    std::size_t position = 0;  // index of the line that runs, or ran last
+    ScriptReader script;  // gives the lines that are still to run
     std::map<std::string, std::string> definitions;
     const VariableList variables;
     ScriptedMachine machine;

@@ -40,6 +40,8 @@ std::optional<int> Digits(const std::string& text, std::size_t at, std::size_t d
     return number;
 }
 
+constexpr double HalfAMillisecond = 0.5e-3 / 86400;
+
 // A number held as a 32-bit float is compared as one: 0.3 in the script is 0.3 there.
 bool SameNumber(double held, double expected) {
     if (held == expected || NumberText(held) == NumberText(expected)) return true;
@@ -89,12 +91,26 @@ double NumberArgument(const std::string& text) {
     return *number;
 }
 
-int IntegerArgument(const std::string& text) {
-    const double number = NumberArgument(text);
-    if (number != std::floor(number) || std::abs(number) > 2147483647.0) {
-        throw CommandError{Quoted(text) + " is no whole number"};
+std::optional<int> WholeNumberOf(const std::string& text) {
+    const std::optional<double> number = NumberOf(text);
+    if (!number || *number != std::floor(*number) || std::abs(*number) > 2147483647.0) {
+        return std::nullopt;
     }
-    return static_cast<int>(number);
+    return static_cast<int>(*number);
+}
+
+int IntegerArgument(const std::string& text) {
+    NumberArgument(text);
+    const std::optional<int> number = WholeNumberOf(text);
+    if (!number) throw CommandError{Quoted(text) + " is no whole number"};
+    return *number;
+}
+
+int PixelsArgument(const std::string& text) {
+    const int pixels = IntegerArgument(text);
+    if (pixels < 1 || pixels > 32767)
+        throw CommandError{Quoted(text) + " is not 1 to 32767 pixels"};
+    return pixels;
 }
 
 Micros SecondsArgument(const std::string& text) {
@@ -117,8 +133,12 @@ bool OnOffArgument(const std::string& text) {
 bool Matches(const Value& held, const std::string& expected) {
     if (std::holds_alternative<std::string>(held)) return AsText(held) == expected;
     if (AsText(held) == expected) return true;
-    const std::optional<double> number = NumberOf(expected);
-    return number && SameNumber(AsDouble(held), *number);
+    if (const std::optional<double> number = NumberOf(expected)) {
+        return SameNumber(AsDouble(held), *number);
+    }
+    const auto* date = std::get_if<DateValue>(&held);
+    const std::optional<double> when = TimeOfText(expected);
+    return date && when && std::abs(date->when - *when) < HalfAMillisecond;
 }
 
 std::string Shown(const Value& held) {
