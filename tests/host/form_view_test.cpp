@@ -40,7 +40,7 @@ TEST_F(FormViewTest, EveryFieldOfALabelReachesItsWidget) {
     form.lblText.Left = 15;
     view.Sync();
     EXPECT_EQ(label->text(), QStringLiteral(u"12\u00B0"));
-    EXPECT_EQ(label->accessibleName(), label->text());
+    EXPECT_EQ(SpokenName(label), label->text());
     EXPECT_EQ(label->palette().color(QPalette::Active, QPalette::WindowText), QColor(0xC0, 0, 0));
     EXPECT_EQ(label->font().pixelSize(), 24);
     EXPECT_TRUE(label->font().bold());

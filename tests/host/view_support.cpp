@@ -1,8 +1,12 @@
 #include "view_support.h"
 
+#include <gtest/gtest.h>
+
+#include <QAccessible>
 #include <QCoreApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QTimer>
 
 #include "shell/dispatch.h"
 
@@ -68,6 +72,26 @@ ViewBench::ViewBench() {
 
 ViewBench::~ViewBench() { SetLeave(nullptr); }
 
+std::vector<Form*> ViewBench::ShownForms() {
+    std::vector<Form*> shown = w.Forms();
+    shown.push_back(&form);
+    return shown;
+}
+
+void ViewBench::InModal(Form& modal, std::vector<std::function<void()>> steps) {
+    QTimer pulse;
+    std::size_t next = 0;
+    QObject::connect(&pulse, &QTimer::timeout, &view, [&] {
+        if (next == steps.size()) return;
+        const auto step = steps[next++];
+        Settle();
+        step();
+    });
+    pulse.start(0);
+    ShowModal(w, modal);
+    EXPECT_EQ(next, steps.size());
+}
+
 void ViewBench::ShowSample() {
     ShowForm(w, form);
     view.Sync();
@@ -93,6 +117,10 @@ void ClickOn(QWidget* widget) {
     QMouseEvent release(QEvent::MouseButtonRelease, middle, onScreen, Qt::LeftButton, Qt::NoButton,
                         Qt::NoModifier);
     QCoreApplication::sendEvent(widget, &release);
+}
+
+QString SpokenName(QWidget* widget) {
+    return QAccessible::queryAccessibleInterface(widget)->text(QAccessible::Name);
 }
 
 void TypeInto(QWidget* widget, int key, const QString& text) {

@@ -3,7 +3,9 @@
 
 #include <QLabel>
 #include <QWidget>
+#include <functional>
 #include <memory>
+#include <vector>
 
 #include "platform/host/guard.h"
 #include "platform/host/host_view.h"
@@ -34,7 +36,7 @@ struct ViewBench {
     HostMachine machine{"1"};
     Workstation w{machine.platform};
     SampleForm form;
-    HostView view{w, machine, {&w.frmMain, &form, &w.frmDebug}};
+    HostView view{w, machine, ShownForms()};
     int leftWith = -1;
 
     ViewBench();
@@ -44,7 +46,16 @@ struct ViewBench {
 
     void ShowSample();
     void ShowMain();
+    std::vector<Form*> ShownForms();  // the program's and the sample
     QWidget* Client(const Form& shown) { return view.WindowOf(shown)->Client(); }
+    // Shows the form modally; runs the steps in it one after the other, each when all is settled.
+    // The last of them is to close it.
+    void InModal(Form& modal, std::vector<std::function<void()>> steps);
+
+    template <class Kind>
+    Kind* FindIn(const Form& shown, const char* name) {
+        return view.WindowOf(shown)->findChild<Kind*>(name);
+    }
 
     template <class Kind>
     Kind* Find(const char* name) {
@@ -55,5 +66,7 @@ struct ViewBench {
 // Presses and releases the left button in the middle of the widget.
 void ClickOn(QWidget* widget);
 void TypeInto(QWidget* widget, int key, const QString& text);
+// What assistive software calls it.
+QString SpokenName(QWidget* widget);
 
 }  // namespace cumeron

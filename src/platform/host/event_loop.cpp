@@ -20,8 +20,13 @@ bool HostEventLoop::Turn() {
 
 void HostEventLoop::DoEvents() { Turn(); }
 
+// What the wait is for comes from an event, so it sleeps until there is one.
 void HostEventLoop::WaitUntil(const std::function<bool()>& done) {
-    while (!done()) WaitEvents();
+    while (!done()) {
+        if (BeforeTurn) BeforeTurn();
+        loop.processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
+    }
+    if (BeforeTurn) BeforeTurn();
 }
 
 void HostEventLoop::WaitEvents() {

@@ -1,16 +1,13 @@
 // The controls of a form view: a widget for each kind of record, and the step that brings it in
 // line. Each step remembers what it has shown and touches the widget only where the record differs.
-#include <QApplication>
-#include <QCheckBox>
-#include <QComboBox>
-#include <QFontDatabase>
 #include <QGroupBox>
 #include <QMenu>
 #include <QPushButton>
-#include <QRadioButton>
+#include <algorithm>
 #include <cmath>
 
 #include "platform/host/colours.h"
+#include "platform/host/form_steps.h"
 #include "platform/host/form_view.h"
 #include "platform/host/unicode.h"
 #include "platform/host/widgets.h"
@@ -20,10 +17,19 @@ namespace {
 
 int PixelsOfPoints(int points) { return points * 96 / 72; }
 
-QString NameOf(const NamedControl& named) {
-    const QString name = ToUnicode(named.name);
-    return named.index < 0 ? name : QString("%1(%2)").arg(name).arg(named.index);
-}
+struct SpokenRow {
+    const char* name;
+    const char* spoken;
+};
+
+// Of controls that can have the focus or show a picture, and have no caption to be called by.
+constexpr SpokenRow SpokenRows[] = {
+    {"picCombination", "Cloud graph"},
+    {"picLines", "Backscatter profile"},
+    {"picSplitSizer", "Border between cloud graph and profile"},
+    {"txtMessage", "Messages"},
+    {"stsMessage", "Status message"},
+};
 
 QRect PlaceOf(const Control& record) {
     return {static_cast<int>(std::lround(record.Left)), static_cast<int>(std::lround(record.Top)),
@@ -38,19 +44,6 @@ void FollowState(const Control& record, QWidget* widget) {
     }
 }
 
-// A step that calls show(record) when the fields that pick(record) gives have changed.
-template <class Record, class Pick, class Show>
-std::function<void()> OnChange(Record& record, Pick pick, Show show) {
-    using Fields = decltype(pick(record));
-    auto shown = std::make_shared<std::unique_ptr<Fields>>();
-    return [&record, pick, show, shown] {
-        Fields now = pick(record);
-        if (*shown && **shown == now) return;
-        *shown = std::make_unique<Fields>(std::move(now));
-        show(record);
-    };
-}
-
 Qt::Alignment AlignmentOf(TextAlignment alignment) {
     switch (alignment) {
         case TextAlignment::Right:
@@ -63,83 +56,81 @@ Qt::Alignment AlignmentOf(TextAlignment alignment) {
     return Qt::AlignLeft | Qt::AlignVCenter;
 }
 
-void ShowColour(int colour, QWidget* widget) {
-    QPalette palette = widget->palette();
-    const QColor background = palette.color(QPalette::Window);
-    palette.setColor(QPalette::WindowText, ReadableOn(background, ToColour(colour)));
+// -1 stands for the colour of the window behind.
+void ShowColours(int colour, int background, QWidget* widget) {
+    widget->setAutoFillBackground(background >= 0);
+    QPalette palette = widget->parentWidget()->palette();
+    if (background >= 0) palette.setColor(QPalette::Window, ToColour(background));
+    const QColor behind = palette.color(QPalette::Window);
+    palette.setColor(QPalette::WindowText, ReadableOn(behind, ToColour(colour)));
     widget->setPalette(palette);
-}
-
-QFont FontOf(const std::string& name) {
-    if (name.empty()) return QApplication::font();
-    QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
-    font.setStyleHint(QFont::Monospace);
-    font.setPixelSize(PixelsOfPoints(11));
-    return font;
-}
-
-QString ShownText(const TextBox& record) {
-    return WithDotsForControls(ToUnicode(record.Text)).replace("\r\n", "\n").replace('\r', '\n');
-}
-
-// The end of a line is two characters of the record and one of the widget.
-void PutCursor(const TextBox& record, QPlainTextEdit& edit) {
-    const std::string before = record.Text.substr(0, static_cast<std::size_t>(record.SelStart));
-    const auto position = ToUnicode(before).replace("\r\n", "\n").size();
-    QTextCursor cursor = edit.textCursor();
-    cursor.setPosition(static_cast<int>(position));
-    edit.setTextCursor(cursor);
 }
 
 }  // namespace
 
+QString WidgetName(const NamedControl& named) {
+    const QString name = ToUnicode(named.name);
+    return named.index < 0 ? name : QString("%1(%2)").arg(name).arg(named.index);
+}
+
+QString SpokenName(const NamedControl& named) {
+    const auto* row = std::find_if(std::begin(SpokenRows), std::end(SpokenRows),
+                                   [&](const SpokenRow& r) { return named.name == r.name; });
+    return row == std::end(SpokenRows) ? WidgetName(named) : QString(row->spoken);
+}
+
 void FormView::Follow(const NamedControl& named, Control& record, QWidget* widget) {
-    widget->setObjectName(NameOf(named));
-    const bool hasPlace = record.Width > 0 || record.Height > 0;
-    if (!hasPlace) widget->adjustSize();
-    steps.push_back([&record, widget] {
-        const QRect place = PlaceOf(record);
-        if (!place.isEmpty() && widget->geometry() != place) widget->setGeometry(place);
-        FollowState(record, widget);
-    });
+    gestures.Watch(record, widget);
+    if (!designed) {
+        widget->setObjectName(WidgetName(named));
+        if (record.Width <= 0 && record.Height <= 0) widget->adjustSize();
+        steps.push_back([&record, widget] {
+            const QRect place = PlaceOf(record);
+            if (!place.isEmpty() && widget->geometry() != place) widget->setGeometry(place);
+        });
+    }
+    steps.push_back([&record, widget] { FollowState(record, widget); });
     steps.push_back(OnChange(
         record, [](const Control& r) { return r.ToolTipText; },
         [widget](const Control& r) { widget->setToolTip(ToUnicode(r.ToolTipText)); }));
 }
 
 void FormView::Bind(const NamedControl& named, Label& record) {
-    auto* label = new FittingLabel(ParentOf(named));
+    auto* label = WidgetFor<QLabel, FittingLabel>(named);
     Follow(named, record, label);
-    ClickOnRelease(record, label);
+    steps.push_back(OnChange(
+        record, [](const Label& r) { return std::make_tuple(r.Caption, r.ForeColor, r.BackColor); },
+        [label](const Label& r) {
+            label->setText(ToUnicode(r.Caption));  // also its accessible name
+            ShowColours(r.ForeColor, r.BackColor, label);
+        }));
+    auto* fitting = dynamic_cast<FittingLabel*>(label);
+    if (fitting == nullptr) return;  // font and alignment are the design's
     steps.push_back(OnChange(
         record,
-        [](const Label& r) {
-            return std::make_tuple(r.Caption, r.ForeColor, r.FontSize, r.Bold, r.Alignment);
-        },
-        [label](const Label& r) {
-            label->setText(ToUnicode(r.Caption));
-            label->setAccessibleName(label->text());
-            label->setAlignment(AlignmentOf(r.Alignment));
-            ShowColour(r.ForeColor, label);
-            label->SetFontPixels(PixelsOfPoints(r.FontSize), r.Bold);
+        [](const Label& r) { return std::make_tuple(r.Caption, r.FontSize, r.Bold, r.Alignment); },
+        [fitting](const Label& r) {
+            fitting->setAlignment(AlignmentOf(r.Alignment));
+            fitting->SetFontPixels(PixelsOfPoints(r.FontSize), r.Bold);
         }));
 }
 
 void FormView::Bind(const NamedControl& named, Frame& record) {
-    auto* box = new QGroupBox(ParentOf(named));
+    auto* box = WidgetFor<QGroupBox>(named);
     containers[named.name] = box;
+    tipped[box] = named.name;
+    box->installEventFilter(this);
     Follow(named, record, box);
-    ClickOnRelease(record, box);
     steps.push_back(OnChange(
         record, [](const Frame& r) { return std::make_tuple(r.Caption, r.ForeColor); },
         [box](const Frame& r) {
             box->setTitle(ToUnicode(r.Caption));
-            ShowColour(r.ForeColor, box);
+            ShowColours(r.ForeColor, -1, box);
         }));
 }
 
 void FormView::Bind(const NamedControl& named, Button& record) {
-    auto* button = new QPushButton(ParentOf(named));
+    auto* button = WidgetFor<QPushButton>(named);
     button->setText(ToUnicode(record.Caption));
     Follow(named, record, button);
     connect(button, &QPushButton::clicked, this, [this, &record] { Run(record.Click); });
@@ -154,7 +145,7 @@ void FormView::Bind(const NamedControl& named, MenuEntry& record) {
     const bool isMenu = std::any_of(controls.begin(), controls.end(), [&](const NamedControl& c) {
         return c.parent == named.name && std::holds_alternative<MenuEntry*>(c.control);
     });
-    const QString name = NameOf(named);
+    const QString name = WidgetName(named);
     if (parent == menus.end() || isMenu) {
         QMenu* menu = parent == menus.end() ? window->MenuBar()->addMenu(QString())
                                             : parent->second->addMenu(QString());
@@ -203,7 +194,7 @@ void FormView::Bind(const NamedControl& named, ToolButton& record) {
         toolStrip->setObjectName(ToUnicode(named.parent));
     }
     auto* button = new QToolButton(toolStrip);
-    button->setObjectName(NameOf(named));
+    button->setObjectName(WidgetName(named));
     button->setAutoRaise(true);
     button->setCheckable(true);
     // The tabulator reaches it; a click leaves the keys where they were.
@@ -233,7 +224,7 @@ void FormView::Bind(const NamedControl& named, Panel& record) {
         statusStrip->setObjectName(ToUnicode(named.parent));
     }
     auto* panel = new StatusPanel(statusStrip);
-    panel->setObjectName(NameOf(named));
+    panel->setObjectName(WidgetName(named));
     statusStrip->Add(panel);
     // Pictures and their empty twins take turns at one fixed width.
     const bool fixed = named.name.find("_Image") != std::string::npos;
@@ -250,107 +241,22 @@ void FormView::Bind(const NamedControl& named, Panel& record) {
 }
 
 void FormView::Bind(const NamedControl& named, Image& record) {
-    auto* picture = new PictureWidget(ParentOf(named));
+    auto* picture = WidgetFor<PictureWidget>(named);
     Follow(named, record, picture);
-    ClickOnRelease(record, picture);
     steps.push_back(OnChange(
         record, [](const Image& r) { return r.Picture; },
         [picture](const Image& r) { picture->SetPicture(ToUnicode(r.Picture)); }));
 }
 
-void FormView::Bind(const NamedControl& named, TextBox& record) {
-    auto* edit = new GatedTextEdit(ParentOf(named));
-    Follow(named, record, edit);
-    edit->setAccessibleName(NameOf(named));
-    edit->setFont(FontOf(record.FontName));
-    if (record.KeyPress) {
-        edit->Gate = [this, &record](int code) {
-            int used = code;
-            Run([&record, &used, code](Workstation& w) { used = record.KeyPress(w, code); });
-            return used;
-        };
-    }
-    // A change that comes from the record does not go back there.
-    connect(edit, &QPlainTextEdit::textChanged, this, [&record, edit] {
-        if (edit->property("following").toBool()) return;
-        record.Text = FromUnicode(edit->toPlainText().replace("\n", "\r\n"));
-    });
-    steps.push_back(OnChange(
-        record, [](const TextBox& r) { return r.Text; },
-        [edit](const TextBox& r) {
-            if (ShownText(r) == edit->toPlainText()) return;
-            edit->setProperty("following", true);
-            edit->setPlainText(ShownText(r));
-            edit->setProperty("following", false);
-            PutCursor(r, *edit);
-        }));
-    steps.push_back(OnChange(
-        record, [](const TextBox& r) { return r.SelStart; },
-        [edit](const TextBox& r) { PutCursor(r, *edit); }));
-}
-
 void FormView::Bind(const NamedControl& named, Surface& record) {
-    auto* widget = new SurfaceWidget(record, ParentOf(named));
+    auto* widget = WidgetFor<SurfaceWidget>(named);
+    widget->SetSurface(record);
     Follow(named, record, widget);
-    widget->setAccessibleName(NameOf(named));
-    ClickOnRelease(record, widget);
+    gestures.Watch(record, widget);
+    widget->setAccessibleName(SpokenName(named));
     surfaceSteps.push_back(OnChange(
         record, [](const Surface& r) { return r.Changes(); },
         [widget](const Surface&) { widget->update(); }));
-}
-
-void FormView::Bind(const NamedControl& named, OptionButton& record) {
-    auto* option = new QRadioButton(ParentOf(named));
-    option->setAutoExclusive(false);  // the records know which belong together
-    Follow(named, record, option);
-    connect(option, &QRadioButton::clicked, this, [this, &record] {
-        Run([this, &record](Workstation& w) { ChooseOption(w, form, record); });
-    });
-    steps.push_back([&record, option] {
-        if (option->text() != ToUnicode(record.Caption)) option->setText(ToUnicode(record.Caption));
-        if (option->isChecked() != record.Value) option->setChecked(record.Value);
-    });
-}
-
-void FormView::Bind(const NamedControl& named, CheckBox& record) {
-    auto* box = new QCheckBox(ParentOf(named));
-    Follow(named, record, box);
-    connect(box, &QCheckBox::clicked, this, [this, &record](bool ticked) {
-        record.Value = ticked ? 1 : 0;
-        Run(record.Click);
-    });
-    steps.push_back([&record, box] {
-        if (box->text() != ToUnicode(record.Caption)) box->setText(ToUnicode(record.Caption));
-        if (box->isChecked() != (record.Value != 0)) box->setChecked(record.Value != 0);
-    });
-}
-
-void FormView::Bind(const NamedControl& named, ComboBox& record) {
-    auto* list = new QComboBox(ParentOf(named));
-    list->setEditable(record.Editable);
-    Follow(named, record, list);
-    connect(list, &QComboBox::activated, this, [this, &record](int index) {
-        Run([&record, index](Workstation& w) { SelectItem(w, record, index); });
-    });
-    connect(list, &QComboBox::editTextChanged, this, [this, &record](const QString& text) {
-        const std::string typed = FromUnicode(text);
-        if (typed == record.Text) return;
-        Run([&record, typed](Workstation& w) { TypeItem(w, record, typed); });
-    });
-    steps.push_back(OnChange(
-        record, [](const ComboBox& r) { return r.Items; },
-        [list](const ComboBox& r) {
-            const QSignalBlocker quiet(list);
-            list->clear();
-            for (const std::string& item : r.Items) list->addItem(ToUnicode(item));
-        }));
-    steps.push_back(OnChange(
-        record, [](const ComboBox& r) { return std::make_pair(r.ListIndex, r.Text); },
-        [list](const ComboBox& r) {
-            const QSignalBlocker quiet(list);
-            list->setCurrentIndex(r.ListIndex);
-            if (r.Editable) list->setEditText(ToUnicode(r.Text));
-        }));
 }
 
 }  // namespace cumeron

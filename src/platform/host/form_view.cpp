@@ -1,9 +1,13 @@
 #include "platform/host/form_view.h"
 
 #include <QFile>
-#include <QMouseEvent>
+#include <QHelpEvent>
+#include <QPushButton>
+#include <QToolTip>
 #include <cmath>
 
+#include "platform/host/form_designs.h"
+#include "platform/host/form_steps.h"
 #include "platform/host/unicode.h"
 
 namespace cumeron {
@@ -19,9 +23,10 @@ QSize ClientSize(const Form& form) {
             static_cast<int>(std::lround(form.ScaleHeight()))};
 }
 
-bool HasMenu(const ControlList& controls) {
+template <class Kind>
+bool Has(const ControlList& controls) {
     for (const NamedControl& named : controls) {
-        if (std::holds_alternative<MenuEntry*>(named.control)) return true;
+        if (std::holds_alternative<Kind*>(named.control)) return true;
     }
     return false;
 }
@@ -37,11 +42,15 @@ FormView::FormView(Form& record, ViewCalls viewCalls, BarHeights barHeights)
     : form(record),
       calls(std::move(viewCalls)),
       heights(std::move(barHeights)),
+      window(std::make_unique<FormWindow>(Has<MenuEntry>(record.Controls()))),
+      gestures(*window->Client(), [this](const Handler& handler) { Run(handler); }),
       controls(record.Controls()) {
-    window = std::make_unique<FormWindow>(HasMenu(controls));
     window->setObjectName(ToUnicode(form.Name));
-    window->setWindowIcon(IconOf("cumeron"));
     shownFront = form.BroughtToFront;
+    shownBack = form.SentToBack;
+    designed = SetUpDesign(form.Name, window->Client());
+    // A design is made of the desktop's own widgets, and looks as the desktop wants it.
+    if (!designed) window->UsePaper();
     BindAll();
     BindWindow();
 }
@@ -58,12 +67,24 @@ void FormView::BindAll() {
 void FormView::BindWindow() {
     window->Resized = [this](QSize size) {
         SyncBars();
-        if (!form.Visible || form.WindowState == 1 || size == ClientSize(form)) return;
-        Run([this, size](Workstation& w) { ResizeForm(w, form, size.width(), size.height()); });
+        const int state = window->State();
+        if (!form.Visible || state == 1 || size == ClientSize(form)) return;
+        // What the window has told is not told back to it.
+        shownPlace.width = size.width() * TwipsPerPixel;
+        shownPlace.height = size.height() * TwipsPerPixel;
+        if (state != form.WindowState) {
+            shownState = state;
+            Run([this, state, size](Workstation& w) {
+                ChangeWindowState(w, form, state, size.width(), size.height());
+            });
+        } else {
+            Run([this, size](Workstation& w) { ResizeForm(w, form, size.width(), size.height()); });
+        }
     };
     window->Moved = [this](QPoint place) {
-        form.Left = shownPlace.left = place.x() * TwipsPerPixel;
-        form.Top = shownPlace.top = place.y() * TwipsPerPixel;
+        shownPlace.left = place.x() * TwipsPerPixel;
+        shownPlace.top = place.y() * TwipsPerPixel;
+        Run([this](Workstation& w) { MoveForm(w, form, shownPlace.left, shownPlace.top); });
     };
     window->StateChanged = [this](int state) {
         if (state == form.WindowState) return;
@@ -71,6 +92,30 @@ void FormView::BindWindow() {
         Run([this, state](Workstation& w) { ChangeWindowState(w, form, state); });
     };
     window->CloseAsked = [this] { Run([this](Workstation& w) { CloseForm(w, form); }); };
+    if (Has<Button>(controls)) {
+        window->KeyPressed = [this](int key) { return KeyPressed(key); };
+    }
+}
+
+// The keys of a dialog: Enter is the button that has the focus, else the design's default button;
+// Escape is Cancel, or the close box where there is none.
+bool FormView::KeyPressed(int key) {
+    QPushButton* pressed = nullptr;
+    if (key == Qt::Key_Escape) {
+        for (auto* button : window->Client()->findChildren<QPushButton*>()) {
+            if (button->text().remove('&') == "Cancel") pressed = button;
+        }
+        if (pressed == nullptr) window->CloseAsked();
+    } else if (key == Qt::Key_Return || key == Qt::Key_Enter) {
+        pressed = qobject_cast<QPushButton*>(window->focusWidget());
+        for (auto* button : window->Client()->findChildren<QPushButton*>()) {
+            if (pressed == nullptr && button->isDefault()) pressed = button;
+        }
+    } else {
+        return false;
+    }
+    if (pressed != nullptr) pressed->click();
+    return true;
 }
 
 // By value on purpose: a handler may put its form, and so itself, back into the design state.
@@ -81,25 +126,30 @@ QWidget* FormView::ParentOf(const NamedControl& named) const {
     return found != containers.end() ? found->second : window->Client();
 }
 
-void FormView::ClickOnRelease(Control& record, QWidget* widget) {
-    clickable[widget] = &record;
-    widget->installEventFilter(this);
+// The compiler of designs makes the names identifiers: "optCType(0)" comes as "optCType_0_".
+QWidget* FormView::DesignedWidget(const NamedControl& named) const {
+    const QString name = WidgetName(named);
+    auto* widget =
+        window->Client()->findChild<QWidget*>(QString(name).replace('(', '_').replace(')', '_'));
+    if (widget == nullptr) throw std::logic_error(form.Name + ".ui: no widget " + named.name);
+    widget->setObjectName(name);
+    return widget;
 }
 
 bool FormView::eventFilter(QObject* watched, QEvent* event) {
-    const auto found = clickable.find(watched);
-    if (found == clickable.end() || event->type() != QEvent::MouseButtonRelease) return false;
-    const auto* mouse = static_cast<QMouseEvent*>(event);
-    const auto* widget = static_cast<QWidget*>(watched);
-    const bool inside = widget->rect().contains(mouse->position().toPoint());
-    if (mouse->button() != Qt::LeftButton || !inside || !found->second->Click) return false;
-    Run(found->second->Click);
+    const auto found = tipped.find(watched);
+    if (event->type() != QEvent::ToolTip || found == tipped.end() || !calls.tip) return false;
+    const QString tip = calls.tip(found->second);
+    if (tip.isEmpty()) return false;
+    const auto* help = static_cast<QHelpEvent*>(event);
+    QToolTip::showText(help->globalPos(), tip, static_cast<QWidget*>(watched));
     return true;
 }
 
 void FormView::Sync() {
     SyncBars();
     for (const auto& step : steps) step();
+    gestures.Sync();
     if (statusStrip != nullptr) statusStrip->Arrange();
     SyncWindow();
 }
@@ -155,9 +205,23 @@ void FormView::SyncPlace() {
 
 void FormView::SyncVisible() {
     const bool front = shownFront != form.BroughtToFront;
+    const bool back = shownBack != form.SentToBack;
     shownFront = form.BroughtToFront;
-    if (window->isHidden() == form.Visible) window->setVisible(form.Visible);
+    shownBack = form.SentToBack;
+    if (window->isHidden() && form.Visible) Appear();
+    if (!window->isHidden() && !form.Visible) window->hide();
+    if (back && form.Visible) window->lower();
     if (front && form.Visible) window->BringToFront();
+}
+
+void FormView::Appear() {
+    const bool modal = form.ModalDepth > 0;
+    FormWindow* outer = modal && calls.outer ? calls.outer(form) : nullptr;
+    window->SetModal(modal, outer);
+    const bool hasPlace = form.Left != 0 || form.Top != 0;
+    if (outer != nullptr && !hasPlace) window->CentreOn(*outer);
+    window->show();
+    if (designed) window->FocusFirst();
 }
 
 }  // namespace cumeron

@@ -3,15 +3,16 @@
 // view makes one per form.
 #pragma once
 
-#include <QPointer>
 #include <functional>
 #include <map>
 #include <memory>
+#include <stdexcept>
 #include <vector>
 
 #include "platform/form.h"
 #include "platform/host/bars.h"
 #include "platform/host/form_window.h"
+#include "platform/host/gestures.h"
 #include "platform/surface.h"
 
 namespace cumeron {
@@ -20,6 +21,10 @@ namespace cumeron {
 struct ViewCalls {
     // Runs the step as an event and brings all views in line afterwards.
     std::function<void(const Handler&)> run;
+    // The window that a modal form opens in front of; null for none.
+    std::function<FormWindow*(const Form&)> outer;
+    // The tip over a control that changes with time, asked when it is shown; "" for none.
+    std::function<QString(const std::string& control)> tip;
 };
 
 // Heights of the bars in pixels, for forms that have them.
@@ -30,6 +35,8 @@ struct BarHeights {
 
 class FormView : public QObject {
 public:
+    // A form whose design (form_designs.h) lacks a control, or has another kind of widget in its
+    // place, is an error of the program: std::logic_error.
     FormView(Form& form, ViewCalls calls, BarHeights heights);
     ~FormView() override;
 
@@ -62,14 +69,31 @@ private:
     void BindAll();
     void BindWindow();
     QWidget* ParentOf(const NamedControl& named) const;
+    QWidget* DesignedWidget(const NamedControl& named) const;
+    // The control's widget: the one of the form's design, else a new one of that kind.
+    template <class Widget, class New = Widget>
+    Widget* WidgetFor(const NamedControl& named) {
+        if (!designed) return new New(ParentOf(named));
+        auto* widget = dynamic_cast<Widget*>(DesignedWidget(named));
+        if (widget == nullptr) {
+            throw std::logic_error(form.Name + ".ui: wrong kind of widget " + named.name);
+        }
+        return widget;
+    }
     // Name, place, visibility and tool tip, which every placed control has.
     void Follow(const NamedControl& named, Control& record, QWidget* widget);
-    void ClickOnRelease(Control& record, QWidget* widget);
     void BindMenu(MenuEntry& record, QMenu* menu);
     void BindAction(MenuEntry& record, QAction* action);
+    void BindLine(const NamedControl& named, TextBox& record);
+    void BindLines(const NamedControl& named, TextBox& record);
+    std::function<int(int)> GateOf(TextBox& record);
+    void TakeText(TextBox& record, const QString& text);
+    void StateAsked(int state);
+    bool KeyPressed(int key);
     void SyncWindow();
     void SyncPlace();
     void SyncVisible();
+    void Appear();
     void SyncBars();
     void Run(const Handler& handler);
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -78,12 +102,14 @@ private:
     ViewCalls calls;
     BarHeights heights;
     std::unique_ptr<FormWindow> window;
+    Gestures gestures;
     ControlList controls;
+    bool designed = false;
     std::vector<std::function<void()>> steps;         // one or more per control
     std::vector<std::function<void()>> surfaceSteps;  // one per surface
     std::map<std::string, QWidget*> containers;       // frames, by name
     std::map<std::string, QMenu*> menus;
-    std::map<QObject*, Control*> clickable;
+    std::map<QObject*, std::string> tipped;  // widgets whose tip changes with time
     ToolStrip* toolStrip = nullptr;
     StatusStrip* statusStrip = nullptr;
 
@@ -92,6 +118,7 @@ private:
     Place shownPlace;
     int shownState = 0;
     unsigned shownFront = 0;
+    unsigned shownBack = 0;
     bool shownTopMost = false;
     int shownPointer = 0;
 };

@@ -2,8 +2,10 @@
 
 #include <QCloseEvent>
 #include <QGuiApplication>
+#include <QKeyEvent>
 #include <QScreen>
 #include <QVBoxLayout>
+#include <QWindow>
 #include <algorithm>
 
 namespace cumeron {
@@ -23,6 +25,14 @@ QPalette PaperPalette() {
         palette.setColor(QPalette::Disabled, role, QColor(0x80, 0x80, 0x80));
     }
     return palette;
+}
+
+QSize LargestScreen() {
+    QSize largest(0, 0);
+    for (const QScreen* screen : QGuiApplication::screens()) {
+        largest = largest.expandedTo(screen->availableGeometry().size());
+    }
+    return largest;
 }
 
 }  // namespace
@@ -54,14 +64,19 @@ FormWindow::FormWindow(bool withMenuBar) : client(new QWidget(this)) {
         layout->setMenuBar(menuBar);
     }
     layout->addWidget(client);
-    client->setPalette(PaperPalette());
-    client->setAutoFillBackground(true);
     client->installEventFilter(this);
     settling.setSingleShot(true);
     settling.setInterval(SettlingTime);
 }
 
-void FormWindow::ResizeClient(const QSize& size) {
+void FormWindow::UsePaper() {
+    client->setPalette(PaperPalette());
+    client->setAutoFillBackground(true);
+}
+
+void FormWindow::ResizeClient(const QSize& wanted) {
+    layout()->activate();  // tells the window what its contents need
+    const QSize size = wanted.boundedTo(LargestScreen() - (frameSize() - this->size()));
     const int bar = menuBar != nullptr ? layout()->totalHeightForWidth(size.width()) -
                                              layout()->heightForWidth(size.width())
                                        : 0;
@@ -76,6 +91,32 @@ void FormWindow::Place(const QPoint& position) {
     }
     settling.start();
     move(InSight(position, screens));
+}
+
+void FormWindow::CentreOn(const QWidget& other) {
+    QRect place = frameGeometry();
+    place.moveCenter(other.frameGeometry().center());
+    const QRect screen = other.screen()->availableGeometry();
+    place.moveRight(std::min(place.right(), screen.right()));
+    place.moveBottom(std::min(place.bottom(), screen.bottom()));
+    Place(place.topLeft());
+}
+
+void FormWindow::SetModal(bool on, FormWindow* outer) {
+    if (!on && windowModality() == Qt::NonModal) return;
+    const auto kept = windowFlags() & ~Qt::WindowType_Mask;
+    setWindowFlags(kept | (on ? Qt::Dialog : Qt::Window));
+    setWindowModality(on ? Qt::ApplicationModal : Qt::NonModal);
+    winId();  // makes the window of the desktop, which holds the tie to the outer one
+    windowHandle()->setTransientParent(outer != nullptr ? outer->windowHandle() : nullptr);
+}
+
+void FormWindow::FocusFirst() {
+    QWidget* next = client->nextInFocusChain();
+    while (next != client && !(next->focusPolicy() & Qt::TabFocus && next->isVisibleTo(this))) {
+        next = next->nextInFocusChain();
+    }
+    next->setFocus(Qt::TabFocusReason);
 }
 
 void FormWindow::ShowState(int state) {
@@ -121,6 +162,10 @@ void FormWindow::changeEvent(QEvent* event) {
 void FormWindow::closeEvent(QCloseEvent* event) {
     event->ignore();
     if (CloseAsked) CloseAsked();
+}
+
+void FormWindow::keyPressEvent(QKeyEvent* event) {
+    if (!KeyPressed || !KeyPressed(event->key())) QWidget::keyPressEvent(event);
 }
 
 void FormWindow::showEvent(QShowEvent* event) {

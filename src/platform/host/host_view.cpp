@@ -1,8 +1,13 @@
 #include "platform/host/host_view.h"
 
+#include <algorithm>
+
 #include "platform/host/guard.h"
+#include "platform/host/numbered_icon.h"
+#include "platform/host/reception_tip.h"
 #include "shell/dispatch.h"
 #include "shell/main_window.h"
+#include "workstation.h"
 
 // Outside any namespace, as the macro wants it: a static library keeps its resources only so.
 static void UseIcons() { Q_INIT_RESOURCE(icons); }
@@ -43,8 +48,8 @@ HostView::HostView(Workstation& w, HostMachine& host, std::vector<Form*> shown)
     machine.events.BeforeTurn = [this] { Sync(); };
     machine.dialogs.Title = [this] { return forms.front()->Caption; };
     machine.dialogs.Owner = [this]() -> QWidget* {
-        FormWindow* window = WindowOf(*forms.front());
-        return window != nullptr && window->isVisible() ? window : nullptr;
+        Sync();  // a form that was shown just now is the one to stand in front of
+        return FrontWindow();
     };
 }
 
@@ -59,6 +64,20 @@ FormWindow* HostView::WindowOf(const Form& form) {
     return found == views.end() ? nullptr : &found->second->Window();
 }
 
+FormWindow* HostView::FrontWindow(const Form* below) {
+    FormWindow* front = nullptr;
+    int depth = -1;
+    for (const Form* form : forms) {
+        FormWindow* window = WindowOf(*form);
+        const bool eligible = form == forms.front() || form->ModalDepth > 0;
+        if (window == nullptr || !window->isVisible() || form == below || !eligible) continue;
+        if (form->ModalDepth <= depth) continue;
+        depth = form->ModalDepth;
+        front = window;
+    }
+    return front;
+}
+
 void HostView::Run(const Handler& handler) {
     Guarded([&] { DispatchEvent(workstation, handler); });
     Sync();
@@ -67,8 +86,14 @@ void HostView::Run(const Handler& handler) {
 FormView& HostView::ViewOf(Form& form) {
     std::unique_ptr<FormView>& view = views[&form];
     if (!view) {
-        const ViewCalls calls{[this](const Handler& handler) { Run(handler); }};
+        ViewCalls calls;
+        calls.run = [this](const Handler& handler) { Run(handler); };
+        calls.outer = [this](const Form& modal) { return FrontWindow(&modal); };
+        calls.tip = [this](const std::string& control) {
+            return control == "fraValues" ? ReceptionTip(workstation) : QString();
+        };
         view = std::make_unique<FormView>(form, calls, HeightsOf(form));
+        shownNumber = 0;  // its window has no icon yet
     }
     return *view;
 }
@@ -89,9 +114,19 @@ void HostView::SyncForms() {
     for (Form* form : forms) {
         if (form->Loaded || views.contains(form)) ViewOf(*form).Sync();
     }
+    SyncIcons();
     timers.Sync();
     framePending = true;
     if (!frame.isActive()) SyncSurfaces();
+}
+
+// Before it is numbered, a copy counts as the first.
+void HostView::SyncIcons() {
+    const int number = std::max<int>(1, workstation.shell.InstanceNumber);
+    if (number == shownNumber) return;
+    shownNumber = number;
+    const QIcon icon = NumberedIcon(IconOf("cumeron"), number);
+    for (const auto& [form, view] : views) view->Window().setWindowIcon(icon);
 }
 
 void HostView::SyncSurfaces() {

@@ -31,6 +31,9 @@ private:
     void SyncForms();
     void SyncSurfaces();
     FormView& ViewOf(Form& form);
+    // The deepest modal window that is on the screen, else the first form's; null when that is not.
+    FormWindow* FrontWindow(const Form* below = nullptr);
+    void SyncIcons();
 
     Workstation& workstation;
     HostMachine& machine;
@@ -38,7 +41,8 @@ private:
     HostTextPainter painter;
     ViewTimers timers;
     std::map<const Form*, std::unique_ptr<FormView>> views;
-    QTimer frame;  // surfaces are painted at most once in its interval
+    int shownNumber = 0;  // of the copy, in the icons
+    QTimer frame;         // surfaces are painted at most once in its interval
     bool framePending = false;
     bool syncing = false;
     bool syncAgain = false;

@@ -6,6 +6,8 @@
 #include <QMimeData>
 #include <QPainter>
 #include <QSvgRenderer>
+#include <algorithm>
+#include <utility>
 
 #include "platform/host/colours.h"
 #include "platform/host/unicode.h"
@@ -30,21 +32,22 @@ int CodeOfKey(const QKeyEvent& event) {
 
 }  // namespace
 
-SurfaceWidget::SurfaceWidget(const Surface& surface, QWidget* parent)
-    : QWidget(parent), record(surface) {
+SurfaceWidget::SurfaceWidget(QWidget* parent) : QWidget(parent) {
     setAttribute(Qt::WA_OpaquePaintEvent);
 }
 
 void SurfaceWidget::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    const std::uint32_t* pixels = record.Pixels();
-    const int columns = record.PixelWidth();
-    const int rows = record.PixelHeight();
-    painter.fillRect(rect(), ToColour(record.BackColor));
-    if (columns <= 0 || rows <= 0) return;
-    const QImage image(reinterpret_cast<const uchar*>(pixels), columns, rows, columns * 4,
-                       QImage::Format_RGB32);
-    painter.drawImage(QRect(0, 0, columns, rows), image);
+    const std::uint32_t* pixels = record->Pixels();
+    const int columns = record->PixelWidth();
+    const int rows = record->PixelHeight();
+    painter.fillRect(rect(), ToColour(record->BackColor));
+    if (columns > 0 && rows > 0) {
+        const QImage image(reinterpret_cast<const uchar*>(pixels), columns, rows, columns * 4,
+                           QImage::Format_RGB32);
+        painter.drawImage(QRect(0, 0, columns, rows), image);
+    }
+    if (hasFocus()) painter.fillRect(rect(), palette().color(QPalette::Highlight));
 }
 
 void PictureWidget::SetPicture(const QString& name) {
@@ -114,6 +117,55 @@ void GatedTextEdit::InsertThroughGate(const QString& text) {
         if (const int used = Gate(static_cast<unsigned char>(c))) passed += static_cast<char>(used);
     }
     insertPlainText(ToUnicode(passed));
+}
+
+LineGate::LineGate(QLineEdit* line, std::function<int(int)> passes)
+    : QObject(line), edit(line), gate(std::move(passes)), before(line->text()) {
+    edit->installEventFilter(this);
+    connect(edit, &QLineEdit::textEdited, this, &LineGate::PassInserted);
+    connect(edit, &QLineEdit::textChanged, this, [this](const QString& text) {
+        if (!edit->isModified()) before = text;  // set by the program
+    });
+}
+
+bool LineGate::eventFilter(QObject*, QEvent* event) {
+    if (event->type() != QEvent::KeyPress) return false;
+    const int code = CodeOfKey(*static_cast<QKeyEvent*>(event));
+    const int used = code != 0 ? gate(code) : 0;
+    keyPassed = used == code;
+    if (keyPassed || code == 0) return false;
+    if (used != 0) {
+        keyPassed = true;
+        edit->insert(ToUnicode(std::string(1, static_cast<char>(used))));
+    }
+    return true;
+}
+
+void LineGate::PassInserted() {
+    const QString text = edit->text();
+    if (std::exchange(keyPassed, false)) {
+        before = text;
+        return;
+    }
+    const auto shorter = std::min(before.size(), text.size());
+    qsizetype start = 0;
+    while (start < shorter && before[start] == text[start]) ++start;
+    qsizetype end = 0;  // what both end with
+    while (end < shorter - start &&
+           before[before.size() - 1 - end] == text[text.size() - 1 - end]) {
+        ++end;
+    }
+    std::string passed;
+    for (const char c : FromUnicode(text.mid(start, text.size() - start - end))) {
+        if (const int used = gate(static_cast<unsigned char>(c))) passed += static_cast<char>(used);
+    }
+    const bool removed = before.size() > start + end;
+    const bool kept = removed && text.size() == start + end && gate(DeleteCode) == 0;
+    const QString result = kept ? before : text.left(start) + ToUnicode(passed) + text.right(end);
+    before = result;
+    if (result == text) return;
+    edit->setText(result);
+    edit->setCursorPosition(static_cast<int>(start + static_cast<qsizetype>(passed.size())));
 }
 
 QString WithDotsForControls(QString text) {

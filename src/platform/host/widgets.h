@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QLabel>
+#include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QWidget>
 #include <functional>
@@ -11,16 +12,18 @@
 
 namespace cumeron {
 
-// Shows the pixels of a surface, on dense screens enlarged.
+// Shows the pixels of a surface, on dense screens enlarged. Designs may hold one; it is given its
+// surface before it is shown.
 class SurfaceWidget : public QWidget {
 public:
-    SurfaceWidget(const Surface& surface, QWidget* parent);
+    explicit SurfaceWidget(QWidget* parent);
+    void SetSurface(const Surface& surface) { record = &surface; }
 
 protected:
     void paintEvent(QPaintEvent*) override;
 
 private:
-    const Surface& record;
+    const Surface* record = nullptr;
 };
 
 // A drawing of the program, in the colours of the window where it asks for them.
@@ -66,6 +69,22 @@ protected:
 
 private:
     void InsertThroughGate(const QString& text);
+};
+
+// The same for a text of one line; works on any edit of the kind, and belongs to it.
+class LineGate : public QObject {
+public:
+    LineGate(QLineEdit* edit, std::function<int(int)> gate);
+
+private:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    // What came in otherwise than by a key: pasted, dropped, composed.
+    void PassInserted();
+
+    QLineEdit* edit;
+    std::function<int(int)> gate;
+    QString before;          // the text as it was passed last
+    bool keyPassed = false;  // the change to come is that of a key that was let through
 };
 
 // Control characters of a text as dots, so that the frame around a message can be seen; fonts show

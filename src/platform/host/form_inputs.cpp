@@ -1,0 +1,183 @@
+// The controls of a form view into which the operator puts something: texts, options, check boxes
+// and lists. What was put in goes to the record first, then its handler runs.
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QFontDatabase>
+#include <QRadioButton>
+
+#include "platform/host/form_steps.h"
+#include "platform/host/form_view.h"
+#include "platform/host/unicode.h"
+#include "platform/host/widgets.h"
+
+namespace cumeron {
+namespace {
+
+constexpr int FixedFontPixels = 15;
+
+QFont FontOf(const std::string& name) {
+    if (name.empty()) return QApplication::font();
+    QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    font.setStyleHint(QFont::Monospace);
+    font.setPixelSize(FixedFontPixels);
+    return font;
+}
+
+QString ShownText(const TextBox& record) {
+    return WithDotsForControls(ToUnicode(record.Text)).replace("\r\n", "\n").replace('\r', '\n');
+}
+
+// The end of a line is two characters of the record and one of the widget.
+void PutCursor(const TextBox& record, QPlainTextEdit& edit) {
+    const std::string before = record.Text.substr(0, static_cast<std::size_t>(record.SelStart));
+    const auto position = ToUnicode(before).replace("\r\n", "\n").size();
+    QTextCursor cursor = edit.textCursor();
+    cursor.setPosition(static_cast<int>(position));
+    edit.setTextCursor(cursor);
+}
+
+// A label of the design that belongs to the widget says what it is.
+void NameAfterControl(const NamedControl& named, QWidget* widget, bool designed) {
+    if (!designed) widget->setAccessibleName(SpokenName(named));
+}
+
+void ShowChoice(QRadioButton* option, bool chosen) {
+    if (option->isChecked() == chosen) return;
+    // While it is exclusive, the chosen one of a group cannot be put out.
+    option->setAutoExclusive(false);
+    option->setChecked(chosen);
+    option->setAutoExclusive(true);
+}
+
+void ShowItems(const ComboBox& record, QComboBox* list) {
+    const QSignalBlocker quiet(list);
+    list->clear();
+    for (const std::string& item : record.Items) list->addItem(ToUnicode(item));
+}
+
+void ShowChosen(const ComboBox& record, QComboBox* list) {
+    const QSignalBlocker quiet(list);
+    if (list->currentIndex() != record.ListIndex) list->setCurrentIndex(record.ListIndex);
+    const QString text = ToUnicode(record.Text);
+    if (record.Editable && list->currentText() != text) list->setEditText(text);
+}
+
+}  // namespace
+
+void FormView::Bind(const NamedControl& named, TextBox& record) {
+    if (record.MultiLine) {
+        BindLines(named, record);
+    } else {
+        BindLine(named, record);
+    }
+}
+
+std::function<int(int)> FormView::GateOf(TextBox& record) {
+    return [this, &record](int code) {
+        int used = code;
+        Run([&record, &used, code](Workstation& w) { used = record.KeyPress(w, code); });
+        return used;
+    };
+}
+
+// A text that the record holds already came from there.
+void FormView::TakeText(TextBox& record, const QString& text) {
+    const std::string typed = FromUnicode(text);
+    if (typed == record.Text) return;
+    record.Text = typed;
+    Run(record.Change);
+}
+
+void FormView::BindLine(const NamedControl& named, TextBox& record) {
+    auto* edit = WidgetFor<QLineEdit>(named);
+    Follow(named, record, edit);
+    NameAfterControl(named, edit, designed);
+    if (!record.FontName.empty()) edit->setFont(FontOf(record.FontName));
+    if (record.KeyPress) new LineGate(edit, GateOf(record));
+    connect(edit, &QLineEdit::textEdited, this,
+            [this, &record, edit] { TakeText(record, edit->text()); });
+    steps.push_back([&record, edit] {
+        const QString text = ToUnicode(record.Text);
+        if (edit->text() != text) edit->setText(text);
+    });
+    steps.push_back(OnChange(
+        record, [](const TextBox& r) { return r.SelStart; },
+        [edit](const TextBox& r) { edit->setCursorPosition(r.SelStart); }));
+}
+
+void FormView::BindLines(const NamedControl& named, TextBox& record) {
+    auto* edit = WidgetFor<GatedTextEdit>(named);
+    Follow(named, record, edit);
+    NameAfterControl(named, edit, designed);
+    edit->setFont(FontOf(record.FontName));
+    if (record.KeyPress) edit->Gate = GateOf(record);
+    // A change that comes from the record does not go back there.
+    connect(edit, &QPlainTextEdit::textChanged, this, [this, &record, edit] {
+        if (edit->property("following").toBool()) return;
+        TakeText(record, edit->toPlainText().replace("\n", "\r\n"));
+    });
+    steps.push_back(OnChange(
+        record, [](const TextBox& r) { return r.Text; },
+        [edit](const TextBox& r) {
+            if (ShownText(r) == edit->toPlainText()) return;
+            edit->setProperty("following", true);
+            edit->setPlainText(ShownText(r));
+            edit->setProperty("following", false);
+            PutCursor(r, *edit);
+        }));
+    steps.push_back(OnChange(
+        record, [](const TextBox& r) { return r.SelStart; },
+        [edit](const TextBox& r) { PutCursor(r, *edit); }));
+}
+
+void FormView::Bind(const NamedControl& named, OptionButton& record) {
+    auto* option = WidgetFor<QRadioButton>(named);
+    Follow(named, record, option);
+    connect(option, &QRadioButton::clicked, this, [this, &record] {
+        Run([this, &record](Workstation& w) { ChooseOption(w, form, record); });
+    });
+    steps.push_back([&record, option] {
+        if (option->text() != ToUnicode(record.Caption)) option->setText(ToUnicode(record.Caption));
+        ShowChoice(option, record.Value);
+    });
+}
+
+void FormView::Bind(const NamedControl& named, CheckBox& record) {
+    auto* box = WidgetFor<QCheckBox>(named);
+    Follow(named, record, box);
+    connect(box, &QCheckBox::clicked, this, [this, &record](bool ticked) {
+        record.Value = ticked ? 1 : 0;
+        Run(record.Click);
+    });
+    steps.push_back([&record, box] {
+        if (box->text() != ToUnicode(record.Caption)) box->setText(ToUnicode(record.Caption));
+        if (box->isChecked() != (record.Value != 0)) box->setChecked(record.Value != 0);
+    });
+}
+
+void FormView::Bind(const NamedControl& named, ComboBox& record) {
+    auto* list = WidgetFor<QComboBox>(named);
+    list->setEditable(record.Editable);
+    Follow(named, record, list);
+    NameAfterControl(named, list, designed);
+    connect(list, &QComboBox::activated, this, [this, &record](int index) {
+        Run([&record, index](Workstation& w) { SelectItem(w, record, index); });
+    });
+    if (record.Editable) {
+        // What is typed stays as it is: it is neither completed nor added to the list.
+        list->setCompleter(nullptr);
+        list->setInsertPolicy(QComboBox::NoInsert);
+        connect(list->lineEdit(), &QLineEdit::textEdited, this,
+                [this, &record](const QString& text) {
+                    const std::string typed = FromUnicode(text);
+                    Run([&record, typed](Workstation& w) { TypeItem(w, record, typed); });
+                });
+    }
+    steps.push_back(OnChange(
+        record, [](const ComboBox& r) { return r.Items; },
+        [list](const ComboBox& r) { ShowItems(r, list); }));
+    steps.push_back([&record, list] { ShowChosen(record, list); });
+}
+
+}  // namespace cumeron

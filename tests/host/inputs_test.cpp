@@ -1,0 +1,211 @@
+// Texts, options, check boxes and lists: what the operator puts in reaches the record and its
+// handler, and what the record holds is shown.
+#include <gtest/gtest.h>
+
+#include <QCheckBox>
+#include <QClipboard>
+#include <QComboBox>
+#include <QGuiApplication>
+#include <QLineEdit>
+#include <QRadioButton>
+#include <QTest>
+
+#include "view_support.h"
+
+namespace cumeron {
+namespace {
+
+struct InputForm : Form {
+    Frame fraSize;
+    OptionButton optSmall, optLarge, optOther;
+    CheckBox chkOn;
+    ComboBox cboList, cboTyped;
+    TextBox txtLine, txtGated;
+
+    InputForm() {
+        Name = "frmInput";
+        Width = Height = 300 * TwipsPerPixel;
+        fraSize.Width = fraSize.Height = 120;
+        optLarge.Top = 40;
+        optLarge.Width = optLarge.Height = 30;
+        optSmall.Caption = "Small";
+        optLarge.Caption = "Large";
+        optOther.Caption = "Other";
+        chkOn.Caption = "On";
+        cboList.Items = {"one", "two", "three"};
+        cboTyped.Items = {"300", "9600"};
+        cboTyped.Editable = true;
+        txtGated.KeyPress = [](Workstation&, int code) {
+            return code == '1' || code == 8 || code == 127 ? 0 : std::toupper(code);
+        };
+    }
+    ControlList Controls() override {
+        return {{"fraSize", -1, "", &fraSize},
+                {"optSmall", -1, "fraSize", &optSmall},
+                {"optLarge", -1, "fraSize", &optLarge},
+                {"optOther", -1, "", &optOther},
+                {"chkOn", -1, "", &chkOn},
+                {"cboList", -1, "", &cboList},
+                {"cboTyped", -1, "", &cboTyped},
+                {"txtLine", -1, "", &txtLine},
+                {"txtGated", -1, "", &txtGated}};
+    }
+    void Reset() override { *this = InputForm(); }
+};
+
+struct InputsTest : testing::Test {
+    OwnFolders own;
+    HostMachine machine{"1"};
+    Workstation w{machine.platform};
+    InputForm form;
+    HostView view{w, machine, {&form}};
+    std::string clicked;
+
+    InputsTest() {
+        ShowForm(w, form);
+        view.Sync();
+        Settle();
+    }
+    template <class Kind>
+    Kind* Find(const char* name) {
+        return view.WindowOf(form)->findChild<Kind*>(name);
+    }
+    Handler Note(const char* name) {
+        return [this, name](Workstation&) { clicked += name; };
+    }
+};
+
+TEST_F(InputsTest, AnOptionIsChosenAmongThoseOfItsFrame) {
+    form.optOther.Value = true;
+    form.optSmall.Click = Note("small ");
+    form.optLarge.Click = Note("large ");
+    view.Sync();
+    Find<QRadioButton>("optSmall")->click();
+    Find<QRadioButton>("optLarge")->click();
+    EXPECT_EQ(clicked, "small large ");
+    EXPECT_FALSE(form.optSmall.Value);
+    EXPECT_TRUE(form.optLarge.Value);
+    EXPECT_FALSE(Find<QRadioButton>("optSmall")->isChecked());
+    EXPECT_TRUE(Find<QRadioButton>("optLarge")->isChecked());
+    EXPECT_TRUE(Find<QRadioButton>("optOther")->isChecked());
+}
+
+TEST_F(InputsTest, TheRecordMayHaveNoOptionChosen) {
+    form.optLarge.Value = true;
+    view.Sync();
+    EXPECT_TRUE(Find<QRadioButton>("optLarge")->isChecked());
+    form.optLarge.Value = false;
+    view.Sync();
+    EXPECT_FALSE(Find<QRadioButton>("optLarge")->isChecked());
+    EXPECT_EQ(Find<QRadioButton>("optLarge")->text(), "Large");
+}
+
+TEST_F(InputsTest, ArrowKeysGoThroughTheOptions) {
+    view.WindowOf(form)->BringToFront();
+    Settle();
+    Find<QRadioButton>("optSmall")->click();
+    Find<QRadioButton>("optSmall")->setFocus();
+    QTest::keyClick(Find<QRadioButton>("optSmall"), Qt::Key_Down);
+    EXPECT_TRUE(form.optLarge.Value);
+    EXPECT_FALSE(form.optSmall.Value);
+}
+
+TEST_F(InputsTest, ACheckBoxTurnsBeforeItsHandlerRuns) {
+    int seen = -1;
+    form.chkOn.Click = [&](Workstation&) { seen = form.chkOn.Value; };
+    Find<QCheckBox>("chkOn")->click();
+    EXPECT_EQ(seen, 1);
+    Find<QCheckBox>("chkOn")->click();
+    EXPECT_EQ(seen, 0);
+    form.chkOn.Value = 1;
+    form.chkOn.Caption = "Really";
+    view.Sync();
+    EXPECT_TRUE(Find<QCheckBox>("chkOn")->isChecked());
+    EXPECT_EQ(Find<QCheckBox>("chkOn")->text(), "Really");
+}
+
+TEST_F(InputsTest, AnItemIsChosenWithTheKeys) {
+    form.cboList.Click = Note("list ");
+    auto* list = Find<QComboBox>("cboList");
+    EXPECT_EQ(list->currentIndex(), -1);
+    QTest::keyClick(list, Qt::Key_Down);
+    QTest::keyClick(list, Qt::Key_Down);
+    EXPECT_EQ(form.cboList.ListIndex, 1);
+    EXPECT_EQ(form.cboList.Text, "two");
+    EXPECT_EQ(clicked, "list list ");
+}
+
+TEST_F(InputsTest, AListShowsWhatItsRecordHolds) {
+    form.cboList.ListIndex = 2;
+    view.Sync();
+    auto* list = Find<QComboBox>("cboList");
+    EXPECT_EQ(list->currentText(), "three");
+    form.cboList.Items = {"four", "five", "six"};
+    view.Sync();
+    EXPECT_EQ(list->count(), 3);
+    EXPECT_EQ(list->currentText(), "six");
+    // A handler that does not want the choice puts it back.
+    form.cboList.Click = [this](Workstation&) { form.cboList.ListIndex = 2; };
+    QTest::keyClick(list, Qt::Key_Up);
+    EXPECT_EQ(list->currentText(), "six");
+}
+
+TEST_F(InputsTest, WhatIsTypedIntoAListStaysAsItIs) {
+    form.cboTyped.Change = Note("typed ");
+    form.cboTyped.Click = Note("chosen ");
+    auto* list = Find<QComboBox>("cboTyped");
+    QTest::keyClicks(list->lineEdit(), "96");
+    EXPECT_EQ(form.cboTyped.Text, "96");
+    EXPECT_EQ(clicked, "typed typed ");
+    QTest::keyClick(list->lineEdit(), Qt::Key_Return);
+    view.Sync();
+    EXPECT_EQ(list->currentText(), "96");
+    EXPECT_EQ(list->count(), 2);
+    clicked.clear();
+    QTest::keyClick(list, Qt::Key_Down);
+    EXPECT_EQ(form.cboTyped.Text, "300");
+    EXPECT_EQ(clicked, "chosen ");
+    form.cboTyped.Text = "12345";
+    form.cboTyped.ListIndex = -1;
+    view.Sync();
+    EXPECT_EQ(list->currentText(), "12345");
+}
+
+TEST_F(InputsTest, ATextOfOneLineGoesBothWays) {
+    form.txtLine.Change = Note("x");
+    auto* edit = Find<QLineEdit>("txtLine");
+    QTest::keyClicks(edit, "ab");
+    EXPECT_EQ(form.txtLine.Text, "ab");
+    EXPECT_EQ(clicked, "xx");
+    form.txtLine.Text = "5\xB0 from the record";
+    form.txtLine.SelStart = 2;
+    view.Sync();
+    EXPECT_EQ(edit->text(), QStringLiteral(u"5\u00B0 from the record"));
+    EXPECT_EQ(edit->cursorPosition(), 2);
+    EXPECT_EQ(clicked, "xx");
+}
+
+TEST_F(InputsTest, EveryWayIntoATextOfOneLineGoesThroughItsGate) {
+    auto* edit = Find<QLineEdit>("txtGated");
+    QTest::keyClicks(edit, "a1B");
+    EXPECT_EQ(form.txtGated.Text, "AB");
+    QGuiApplication::clipboard()->setText("x1y");
+    edit->setCursorPosition(1);
+    edit->paste();
+    EXPECT_EQ(form.txtGated.Text, "AXYB");
+    EXPECT_EQ(edit->cursorPosition(), 3);
+    QTest::keyClick(edit, Qt::Key_Backspace);
+    QTest::keyClick(edit, Qt::Key_Delete);
+    edit->selectAll();
+    edit->cut();
+    EXPECT_EQ(edit->text(), "AXYB");
+    form.txtGated.Text = "FROM RECORD";
+    view.Sync();
+    QGuiApplication::clipboard()->setText("x1y");
+    edit->end(false);
+    edit->paste();
+    EXPECT_EQ(form.txtGated.Text, "FROM RECORDXY");
+}
+
+}  // namespace
+}  // namespace cumeron
