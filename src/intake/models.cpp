@@ -108,6 +108,11 @@ void LoadFamily(ModelTable& model, const FamilyRow& row, LoadedBy who) {
 
 bool IsModel(int code) { return RowOf(code) != nullptr; }
 
+std::string_view ModelName(int code) {
+    const ModelRow* row = RowOf(code);
+    return row ? row->name : std::string_view();
+}
+
 std::string_view DefaultMessageInterval(int code) {
     const ModelRow* row = RowOf(code);
     return row ? row->interval : std::string_view();

@@ -40,6 +40,8 @@ enum class LoadedBy { Start, Dialog };
 
 // True when code is one of the six.
 bool IsModel(int code);
+// "KN30"; "" for no model.
+std::string_view ModelName(int code);
 // "15": the interval in seconds that is taken when the settings name none; "" for no model.
 std::string_view DefaultMessageInterval(int code);
 // The codes in the order of the table, for lists.

@@ -15,8 +15,6 @@ namespace cumeron {
 
 namespace {
 
-// In the order of ModelCodes().
-constexpr const char* ModelNames[] = {"RV70X", "RV20X", "RV10X", "KN30", "KN50", "TQ60"};
 constexpr std::int16_t Rv10x = 10;
 constexpr std::int16_t Both = 2;  // Cloudmode
 
@@ -101,7 +99,9 @@ FrmCType::FrmCType() {
     Caption = "CEILOMETER";
     Width = 280 * TwipsPerPixel;
     Height = 260 * TwipsPerPixel;
-    for (std::size_t i = 0; i < optCType.size(); ++i) optCType[i].Caption = ModelNames[i];
+    for (std::size_t i = 0; i < optCType.size(); ++i) {
+        optCType[i].Caption = ModelName(ModelCodes()[i]);
+    }
     Command1.Caption = "OK";
     Command2.Caption = "Cancel";
     Command1.Click = Command1_Click;

@@ -8,8 +8,8 @@
 namespace cumeron {
 
 struct FrmCType : Form {
-    std::array<OptionButton, 6> optCType;
-    Button Command1, Command2;  // OK, Cancel
+    std::array<OptionButton, 6> optCType;  // in the order of ModelCodes()
+    Button Command1, Command2;             // OK, Cancel
 
     FrmCType();
     ControlList Controls() override;

@@ -9,6 +9,15 @@
 namespace cumeron {
 namespace {
 
+TEST(Models, EachHasItsName) {
+    const struct {
+        int code;
+        const char* name;
+    } cases[] = {{70, "RV70X"}, {20, "RV20X"}, {10, "RV10X"}, {30, "KN30"},
+                 {50, "KN50"},  {60, "TQ60"},  {0, ""},       {31, ""}};
+    for (const auto& c : cases) EXPECT_EQ(ModelName(c.code), c.name);
+}
+
 TEST(ModelTable, NamesEachModelOnce) {
     const std::set<std::int16_t> codes(ModelCodes().begin(), ModelCodes().end());
     EXPECT_EQ(codes.size(), ModelCodes().size());
