@@ -145,6 +145,12 @@ TEST(MemoryFiles, FreeSpaceIsToldByDrive) {
     files.SetStyle(PathStyle::Posix);
     EXPECT_EQ(files.FreeDiskSpace("/home/user"), 3000000000.0);
     EXPECT_EQ(files.FreeDiskSpace("/none"), std::nullopt);
+    files.SetFreeDiskSpace("/home", 7.0);
+    EXPECT_EQ(files.FreeDiskSpace("/home/user"), 7.0);
+    EXPECT_EQ(files.FreeDiskSpace("/home/none"), std::nullopt);
+    EXPECT_EQ(files.FreeDiskSpace("/tmp"), 3000000000.0);
+    files.SetFreeDiskSpace("/mnt", 8.0);
+    EXPECT_EQ(files.FreeDiskSpace("/mnt"), 8.0);
 }
 
 TEST(MemoryFiles, SettingsFilesFollowTheStyle) {

@@ -162,10 +162,15 @@ void MemoryFiles::Replace(const std::string& name, std::string_view text) {
 }
 
 std::optional<double> MemoryFiles::FreeDiskSpace(const std::string& drive) {
-    const auto found = freeSpace.find(Key(drive + "/"));
-    if (found != freeSpace.end()) return found->second;
-    if (!IsFolder(Full(drive + "/"))) return std::nullopt;
-    return FreeSpaceAtFirst;
+    std::string place = Full(drive + "/");
+    if (!IsFolder(place) && !freeSpace.contains(Key(place))) return std::nullopt;
+    while (true) {
+        const auto found = freeSpace.find(Key(place));
+        if (found != freeSpace.end()) return found->second;
+        const std::string above = FolderOf(place);
+        if (above == place) return FreeSpaceAtFirst;
+        place = above;
+    }
 }
 
 void MemoryFiles::Put(const std::string& name, const std::string& text) {

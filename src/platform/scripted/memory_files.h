@@ -38,7 +38,8 @@ public:
 
     // The next open of name raises this error.
     void FailNextOpen(const std::string& name, int error);
-    // Free bytes of a drive as the program names it; nothing makes the call fail.
+    // Free bytes of a drive as the program names it, or of a folder and what lies in it; nothing
+    // makes the call fail.
     void SetFreeDiskSpace(const std::string& drive, std::optional<double> bytes);
     // Writes raise 61 from now on; when that many more bytes are written; the next write alone.
     void FillDisk() { room = 0; }
