@@ -5,8 +5,11 @@
 #include <cstdint>
 #include <functional>
 #include <string>
+#include <utility>
 #include <variant>
 #include <vector>
+
+#include "platform/runtime/errors.h"
 
 namespace cumeron {
 
@@ -65,14 +68,19 @@ void ListReadingsVariables(VariableList& list);
 void ListGraphVariables(VariableList& list);
 void ListShellVariables(VariableList& list);
 
+// Raises 6 for a number that does not fit.
 template <class T>
 void StoreValue(T& place, const Value& value) {
     if constexpr (std::is_same_v<T, std::string>) {
         place = AsText(value);
     } else if constexpr (std::is_floating_point_v<T>) {
         place = static_cast<T>(AsDouble(value));
+    } else if constexpr (std::is_same_v<T, bool>) {
+        place = AsInteger(value) != 0;
     } else {
-        place = static_cast<T>(AsInteger(value));
+        const std::int64_t integer = AsInteger(value);
+        if (!std::in_range<T>(integer)) throw RuntimeError(6);
+        place = static_cast<T>(integer);
     }
 }
 

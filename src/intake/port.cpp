@@ -144,7 +144,8 @@ void comCTLine_OnComm(Workstation& w) {
     if (w.intake.onCommBusy) return;
     w.intake.onCommBusy = true;
     SetLineForReception(w.comCTLine());
-    TellLineFault(w);
+    // Whatever fails in it, the next event is heard.
+    ResumeNext([&] { TellLineFault(w); });
     w.comCTLine().RThreshold = 1;
     w.intake.onCommBusy = false;
 }

@@ -55,6 +55,19 @@ TEST(Values, TellWhatIsNoNumber) {
     }
 }
 
+TEST(Values, ThatDoNotFitAreNotStored) {
+    std::int16_t small = 7;
+    StoreValue(small, Value{std::int64_t{32767}});
+    EXPECT_EQ(small, 32767);
+    for (const std::int64_t outside : {std::int64_t{32768}, std::int64_t{-32769}}) {
+        EXPECT_THROW(StoreValue(small, Value{outside}), RuntimeError);
+        EXPECT_EQ(small, 32767);
+    }
+    bool truth = false;
+    StoreValue(truth, Value{std::int64_t{-1}});
+    EXPECT_TRUE(truth);
+}
+
 TEST(CheckIndex, RefusesWhatIsOutside) {
     EXPECT_NO_THROW(CheckIndex(0, 1));
     EXPECT_THROW(CheckIndex(-1, 1), RuntimeError);
