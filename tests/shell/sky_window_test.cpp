@@ -216,7 +216,11 @@ TEST(SkyWindow, LabelsLieInsideAndApart) {
     for (const NamedControl& named : form.Controls()) {
         if (auto* const* label = std::get_if<Label*>(&named.control)) labels.push_back(*label);
     }
+    EXPECT_EQ(form.Name, "frmSkyCond");
+    EXPECT_EQ(form.CloudValue[0].Alignment, TextAlignment::Right);
+    EXPECT_TRUE(form.CloudValue[0].Bold);
     for (const Label* label : labels) {
+        EXPECT_GE(label->Height, 1.5 * label->FontSize);
         EXPECT_GE(label->Left, 0);
         EXPECT_LE(label->Left + label->Width, form.ScaleWidth());
         EXPECT_LE(label->Top + label->Height, form.ScaleHeight());
