@@ -19,6 +19,7 @@ install(FILES packaging/cumeron.svg
         DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps)
 install(FILES README.md CHANGELOG.md LICENSE packaging/60-cumeron.rules
         DESTINATION ${CMAKE_INSTALL_DOCDIR})
+install(DIRECTORY docs/manual DESTINATION ${CMAKE_INSTALL_DOCDIR})
 
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_VENDOR "the Cumeron developers")

@@ -8,11 +8,10 @@
 #include "platform/host/host_view.h"
 #include "platform/host/locale_formats.h"
 #include "platform/host/unicode.h"
+#include "platform/host/way_out.h"
 #include "workstation.h"
 
 namespace {
-
-constexpr const char* Version = "2.0";
 
 constexpr const char* Help =
     "Usage: cumeron [NUMBER]\n"
@@ -24,17 +23,23 @@ constexpr const char* Help =
     "\n"
     "CUMERON_COM1 to CUMERON_COM16 of the environment name the devices behind the port numbers.\n";
 
+void TellSettingsFile() {
+    std::printf("Settings of the first copy: %s/CUMERON1.INI\n",
+                cumeron::HostFiles().SettingsFolder().c_str());
+}
+
 // Answers a word that asks for text only; true when there was one.
 bool TellAndLeave(int argc, char** argv) {
     for (int i = 1; i < argc; ++i) {
-        if (std::strcmp(argv[i], "--help") == 0) {
+        const bool help = std::strcmp(argv[i], "--help") == 0;
+        if (!help && std::strcmp(argv[i], "--version") != 0) continue;
+        if (help) {
             std::fputs(Help, stdout);
-            return true;
+        } else {
+            std::printf("Cumeron %s\n", CUMERON_VERSION);
         }
-        if (std::strcmp(argv[i], "--version") == 0) {
-            std::printf("Cumeron %s\n", Version);
-            return true;
-        }
+        TellSettingsFile();
+        return true;
     }
     return false;
 }
@@ -55,6 +60,7 @@ int main(int argc, char** argv) {
     cumeron::HostMachine machine(cumeron::FromUnicode(words));
     cumeron::Workstation workstation(machine.platform);
     cumeron::HostView view(workstation, machine, workstation.Forms());
+    const cumeron::WayOut wayOut(workstation, machine);
     cumeron::Guarded([&] { cumeron::StartProgram(workstation); });
     view.Sync();
     return QApplication::exec();

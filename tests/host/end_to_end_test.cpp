@@ -100,24 +100,5 @@ TEST_F(SimulatedLine, ReceptionGoesOnWhenALineThatWasAwayReturns) {
 
 #endif
 
-#ifdef PROGRAM
-
-QString OutputOf(const QStringList& words) {
-    QProcess program;
-    program.start(PROGRAM, words);
-    EXPECT_TRUE(program.waitForFinished());
-    EXPECT_EQ(program.exitCode(), 0);
-    return QString::fromUtf8(program.readAllStandardOutput());
-}
-
-TEST(Program, TellsHelpAndVersionWithoutAWindow) {
-    qputenv("QT_QPA_PLATFORM", "none such");
-    EXPECT_TRUE(OutputOf({"--help"}).contains("CUMERON<NUMBER>.INI"));
-    EXPECT_TRUE(OutputOf({"1", "--version"}).startsWith("Cumeron "));
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-}
-
-#endif
-
 }  // namespace
 }  // namespace cumeron

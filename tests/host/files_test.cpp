@@ -9,7 +9,6 @@
 #include <cerrno>
 #include <csignal>
 
-#include "platform/host/port_map.h"
 #include "support.h"
 
 namespace cumeron {
@@ -142,30 +141,6 @@ TEST_F(HostFilesTest, SettingsFolderFollowsTheEnvironment) {
 TEST_F(HostFilesTest, FreeSpaceIsThatOfTheFolder) {
     EXPECT_GT(files.FreeDiskSpace(own.Path("config")).value_or(0), 0);
     EXPECT_FALSE(files.FreeDiskSpace(own.Path("nowhere")).has_value());
-}
-
-TEST(UsualDevice, TwelvePortsHaveOne) {
-    const struct {
-        int number;
-        const char* device;
-    } cases[] = {{0, ""},
-                 {1, "/dev/ttyS0"},
-                 {4, "/dev/ttyS3"},
-                 {5, "/dev/ttyUSB0"},
-                 {9, "/dev/ttyACM0"},
-                 {12, "/dev/ttyACM3"},
-                 {13, ""}};
-    for (const auto& c : cases) EXPECT_EQ(UsualDevice(c.number), c.device) << c.number;
-}
-
-TEST_F(HostFilesTest, EnvironmentGoesBeforeThePortFileAndThatBeforeTheUsualDevice) {
-    EXPECT_EQ(PortDevice(files, 2), "/dev/ttyS1");
-    files.Replace(files.SettingsFolder() + "/ports.ini", "[ports]\n2=/dev/from_file\n");
-    EXPECT_EQ(PortDevice(files, 2), "/dev/from_file");
-    qputenv("CUMERON_COM2", "/dev/from_environment");
-    EXPECT_EQ(PortDevice(files, 2), "/dev/from_environment");
-    EXPECT_EQ(PortDevice(files, 3), "/dev/ttyS2");
-    qunsetenv("CUMERON_COM2");
 }
 
 }  // namespace

@@ -8,6 +8,7 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QElapsedTimer>
+#include <QFile>
 #include <fstream>
 #include <iterator>
 #include <stdexcept>
@@ -22,6 +23,18 @@ OwnFolders::OwnFolders() {
     qputenv("XDG_CONFIG_HOME", here.filePath("config").toUtf8());
     qputenv("XDG_RUNTIME_DIR", here.filePath("run").toUtf8());
     qputenv("TMPDIR", here.filePath("tmp").toUtf8());
+    qunsetenv("CUMERON_COM1");  // of the test before
+    QFile::setPermissions(here.filePath("run"),
+                          QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+}
+
+// The next temporary folder needs one that is still there.
+OwnFolders::~OwnFolders() {
+    if (temporaryBefore.isEmpty()) {
+        qunsetenv("TMPDIR");
+    } else {
+        qputenv("TMPDIR", temporaryBefore);
+    }
 }
 
 std::string OwnFolders::Path(const std::string& name) const {

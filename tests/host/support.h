@@ -13,10 +13,14 @@ namespace cumeron {
 class OwnFolders {
 public:
     OwnFolders();
+    ~OwnFolders();
+    OwnFolders(const OwnFolders&) = delete;
+    OwnFolders& operator=(const OwnFolders&) = delete;
     std::string Path(const std::string& name) const;
 
 private:
     QTemporaryDir folder;
+    QByteArray temporaryBefore = qgetenv("TMPDIR");
 };
 
 // Turns the event loop until the condition holds; false when it did not within 20 s.

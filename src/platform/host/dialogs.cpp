@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QMessageBox>
+#include <cstdio>
 
 #include "platform/host/unicode.h"
 
@@ -54,6 +55,10 @@ Answer AnswerOf(int button) {
 
 Answer HostDialogs::MessageBox(const std::string& text, BoxButtons buttons, BoxSign sign) {
     const BoxKind kind = KindOf(buttons);
+    if (ToErrorStream) {
+        std::fprintf(stderr, "cumeron: %s\n", qPrintable(ToUnicode(text).simplified()));
+        return AnswerOf(kind.escape);
+    }
     QMessageBox box(IconOf(sign, kind.icon), Title ? ToUnicode(Title()) : QString(),
                     ToUnicode(text), kind.buttons, Owner ? Owner() : nullptr);
     box.setTextFormat(Qt::PlainText);
@@ -61,6 +66,8 @@ Answer HostDialogs::MessageBox(const std::string& text, BoxButtons buttons, BoxS
     return AnswerOf(box.exec());
 }
 
-void HostDialogs::Beep() { QApplication::beep(); }
+void HostDialogs::Beep() {
+    if (!ToErrorStream) QApplication::beep();
+}
 
 }  // namespace cumeron

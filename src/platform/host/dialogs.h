@@ -15,6 +15,9 @@ public:
                       BoxSign sign = BoxSign::None) override;
     void Beep() override;
 
+    // Nobody is there to answer: boxes go to the error stream, with the cautious answer, and there
+    // is no beep.
+    bool ToErrorStream = false;
     // The window that boxes stand in front of and its title; set by the view.
     std::function<QWidget*()> Owner;
     std::function<std::string()> Title;

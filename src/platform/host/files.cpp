@@ -6,6 +6,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <csignal>
 #include <cstdlib>
 #include <filesystem>
 #include <utility>
@@ -95,6 +96,27 @@ void SyncFolder(const std::string& folder) {
     if (descriptor.Number() >= 0) ::fsync(descriptor.Number());
 }
 
+constexpr std::string_view TemporaryEnd = ".new";
+
+std::string TemporaryName(const std::string& path, const std::string& process) {
+    return path + "." + process + std::string(TemporaryEnd);
+}
+
+// What a save that was killed has left behind. The files of processes that still live are theirs.
+void RemoveLeftOvers(const std::string& folder, const std::string& path) {
+    const std::string start = path + ".";
+    std::error_code error;
+    fs::directory_iterator entry(folder, error);
+    for (; !error && entry != fs::directory_iterator(); entry.increment(error)) {
+        const std::string name = entry->path().string();
+        if (name.rfind(start, 0) != 0) continue;
+        const int process = std::atoi(name.c_str() + start.size());
+        const bool isTemporary =
+            process > 0 && name == TemporaryName(path, std::to_string(process));
+        if (isTemporary && ::kill(process, 0) != 0 && errno == ESRCH) ::unlink(name.c_str());
+    }
+}
+
 // The file itself where the name is a link to it.
 std::string ResolveLink(const std::string& path) {
     std::error_code error;
@@ -167,7 +189,8 @@ void HostFiles::Replace(const std::string& name, std::string_view text) {
     // A renaming would get past the protection of the file itself.
     if (::access(path.c_str(), F_OK) == 0 && ::access(path.c_str(), W_OK) != 0) Fail(errno);
 
-    const std::string temporary = path + "." + std::to_string(::getpid()) + ".new";
+    RemoveLeftOvers(folder, (fs::path(folder) / fs::path(path).filename()).string());
+    const std::string temporary = TemporaryName(path, std::to_string(::getpid()));
     try {
         WriteBeside(temporary, path, text);
         if (::rename(temporary.c_str(), path.c_str()) != 0) Fail(errno);

@@ -17,6 +17,7 @@ public:
     bool Exists(const std::string& name) override;
     std::string Read(const std::string& name) override;
     void Append(const std::string& name, std::string_view text) override;
+    // Also takes away the temporary files of processes that were killed in a save of that file.
     void Replace(const std::string& name, std::string_view text) override;
     std::optional<double> FreeDiskSpace(const std::string& drive) override;
 };

@@ -3,13 +3,27 @@
 #include <unistd.h>
 
 #include <QSerialPortInfo>
+#include <algorithm>
 #include <cstdlib>
+#include <filesystem>
+#include <regex>
 
 #include "platform/host/unicode.h"
 #include "platform/profile_file.h"
 #include "platform/runtime/errors.h"
 
 namespace cumeron {
+namespace {
+
+namespace fs = std::filesystem;
+
+// /dev/pts/7, and the old pairs /dev/ttyp0 to /dev/ttyef.
+bool IsPseudoTerminal(const std::string& device) {
+    static const std::regex names("/dev/(pts/.*|ptmx|pty.*|tty[p-za-e][0-9a-f])");
+    return std::regex_match(device, names);
+}
+
+}  // namespace
 
 std::string UsualDevice(int number) {
     static constexpr const char* kinds[] = {"/dev/ttyS", "/dev/ttyUSB", "/dev/ttyACM"};
@@ -32,11 +46,41 @@ bool HostPorts::IsPresent(int number) {
     return !device.empty() && ::access(device.c_str(), F_OK) == 0;
 }
 
-std::vector<SerialDevice> HostPorts::Devices() {
+std::vector<SerialDevice> SystemDevices() {
     std::vector<SerialDevice> devices;
     for (const QSerialPortInfo& info : QSerialPortInfo::availablePorts()) {
         devices.push_back({FromUnicode(info.systemLocation()), FromUnicode(info.description()),
                            FromUnicode(info.serialNumber())});
+    }
+    return devices;
+}
+
+// Of several links to one device the first by name, so that the answer is always the same.
+std::string HostPorts::StableName(const std::string& device) const {
+    for (const char* kind : {"by-id", "by-path"}) {
+        std::error_code gone;
+        std::string first;
+        fs::directory_iterator link(fs::path(links) / kind, gone);
+        for (; !gone && link != fs::directory_iterator(); link.increment(gone)) {
+            const std::string name = link->path().string();
+            std::error_code dangling;
+            if (!fs::equivalent(link->path(), device, dangling)) continue;
+            if (first.empty() || name < first) first = name;
+        }
+        if (!first.empty()) return first;
+    }
+    return device;
+}
+
+std::vector<SerialDevice> HostPorts::Devices() {
+    std::vector<SerialDevice> devices;
+    for (SerialDevice device : present()) {
+        if (IsPseudoTerminal(device.name)) continue;
+        device.name = StableName(device.name);
+        const bool known = std::any_of(devices.begin(), devices.end(), [&](const auto& other) {
+            return other.name == device.name;
+        });
+        if (!known) devices.push_back(device);
     }
     return devices;
 }
