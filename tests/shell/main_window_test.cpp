@@ -199,6 +199,16 @@ TEST(MainWindow, ClickBelowTheTimeAxisSeeksTheIntervalAnew) {
     EXPECT_EQ(program.W().intake.IntervalSeekState, 0);
 }
 
+// Moves what the layout places to where nothing may stay.
+void Disturb(FrmMain& form) {
+    for (Surface* surface :
+         {&form.picCombination, &form.picLines, &form.picXLabels, &form.picYLabels,
+          &form.picXLabelsBack, &form.picYLabelsBack, &form.picSplitSizer}) {
+        surface->Left = surface->Top = 7777;
+    }
+    form.picXLabelsBack.Height = form.picYLabelsBack.Width = 7777;
+}
+
 // The layout, in pixels. Shared constants of the design: axis title 24, y labels 44, values 200,
 // x labels 34, title below 20, status bar 28.
 TEST(Layout, FillsTheWindow) {
@@ -213,8 +223,11 @@ TEST(Layout, FillsTheWindow) {
     };
     for (const auto& c : cases) {
         Program program;
+        Disturb(program.Form());
         program.Resize(c.width, c.height);
         const FrmMain& form = program.Form();
+        EXPECT_EQ(form.picXLabelsBack.Height, form.picXLabels.Height) << c.what;
+        EXPECT_EQ(form.picYLabelsBack.Width, form.picYLabels.Width) << c.what;
         for (const Surface* graph : {&form.picCombination, &form.picLines}) {
             EXPECT_EQ(graph->Left, 68) << c.what;
             EXPECT_EQ(graph->Top, 95) << c.what;
@@ -310,6 +323,7 @@ TEST(SplitLayout, SharesTheWidthByTheRatio) {
         Program program;
         program.Click(program.Form().mnuSplitScreen);
         program.W().settings.Split_Ratio = c.ratio;
+        Disturb(program.Form());
         program.Resize(800, 600);
         const FrmMain& form = program.Form();
         EXPECT_EQ(form.picCombination.Left, 68);
