@@ -9,6 +9,7 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 
+#include "platform/host/colours.h"
 #include "platform/runtime/errors.h"
 #include "view_support.h"
 
@@ -54,6 +55,22 @@ TEST_F(FormViewTest, EveryFieldOfALabelReachesItsWidget) {
     view.Sync();
     EXPECT_TRUE(label->isHidden());
     EXPECT_TRUE(label->alignment().testFlag(Qt::AlignHCenter));
+}
+
+TEST_F(FormViewTest, ALabelHasABackgroundOfItsOwnWhenItsRecordSaysSo) {
+    auto* label = Find<QLabel>("lblText");
+    EXPECT_FALSE(label->autoFillBackground());
+    const QColor usual = label->palette().color(QPalette::Window);
+    form.lblText.BackColor = 0x000080;
+    view.Sync();
+    EXPECT_TRUE(label->autoFillBackground());
+    EXPECT_EQ(label->grab().toImage().pixelColor(190, 5), QColor(0x80, 0, 0));
+    const QColor text = label->palette().color(QPalette::WindowText);
+    EXPECT_GE(Contrast(QColor(0x80, 0, 0), text), 4.5);
+    form.lblText.BackColor = -1;
+    view.Sync();
+    EXPECT_FALSE(label->autoFillBackground());
+    EXPECT_EQ(label->palette().color(QPalette::Window), usual);
 }
 
 TEST_F(FormViewTest, ATextTooWideIsShownSmallerNotCut) {

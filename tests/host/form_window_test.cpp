@@ -4,6 +4,7 @@
 
 #include <QCloseEvent>
 #include <QCoreApplication>
+#include <QScreen>
 
 #include "platform/runtime/errors.h"
 #include "view_support.h"
@@ -121,6 +122,73 @@ TEST_F(FormWindowTest, WindowStatesGoBothWays) {
     Settle();
     EXPECT_EQ(Window().State(), 0);
     EXPECT_EQ(Window().Client()->width(), 300);
+}
+
+// Of a form that is shown for the first time.
+struct FirstShow : testing::Test, ViewBench {
+    void Show(int state) {
+        form.WindowState = state;
+        KeepNormalPlace(form);
+        ShowSample();
+    }
+    FormWindow& Window() { return *view.WindowOf(form); }
+};
+
+TEST_F(FirstShow, AMaximisedWindowKnowsItsNormalPlace) {
+    Show(2);
+    EXPECT_TRUE(Window().isMaximized());
+    EXPECT_EQ(form.ScaleWidth(), Window().Client()->width());
+    EXPECT_EQ(form.normalWidth, 400 * TwipsPerPixel);
+    EXPECT_EQ(form.normalLeft, 40 * TwipsPerPixel);
+    Window().showNormal();
+    Settle();
+    EXPECT_EQ(form.WindowState, 0);
+    EXPECT_EQ(form.ScaleWidth(), 400);
+    EXPECT_EQ(Window().Client()->size(), QSize(400, 300));
+    EXPECT_EQ(Window().pos(), QPoint(40, 30));
+}
+
+TEST_F(FirstShow, AMinimisedWindowKnowsItsNormalPlace) {
+    Show(1);
+    EXPECT_TRUE(Window().isMinimized());
+    EXPECT_EQ(form.WindowState, 1);
+    EXPECT_EQ(form.normalWidth, 400 * TwipsPerPixel);
+    Window().showNormal();
+    Settle();
+    EXPECT_EQ(Window().Client()->size(), QSize(400, 300));
+}
+
+TEST_F(FormWindowTest, AMaximisedWindowsSizeDoesNotPassForTheNormalOne) {
+    Window().showMaximized();
+    Settle();
+    EXPECT_EQ(form.WindowState, 2);
+    EXPECT_EQ(form.ScaleWidth(), Window().Client()->width());
+    EXPECT_GT(form.ScaleWidth(), 400);
+    EXPECT_EQ(form.normalWidth, 400 * TwipsPerPixel);
+    EXPECT_EQ(form.normalTop, 30 * TwipsPerPixel);
+}
+
+TEST_F(FormWindowTest, AWindowLargerThanTheScreenIsShownAsLargeAsTheScreen) {
+    form.Width = 50000 * TwipsPerPixel;
+    form.Height = 50000 * TwipsPerPixel;
+    view.Sync();
+    Settle();
+    const QSize screen = Window().screen()->availableGeometry().size();
+    EXPECT_EQ(Window().frameGeometry().width(), screen.width());
+    EXPECT_LE(Window().Client()->height(), screen.height());
+    EXPECT_EQ(form.ScaleWidth(), Window().Client()->width());
+    EXPECT_EQ(form.ScaleHeight(), Window().Client()->height());
+}
+
+TEST_F(FormWindowTest, AFormIsSentBehindTheOthersWhenAsked) {
+    ShowForm(w, w.frmDebug);
+    view.Sync();
+    Settle();
+    Window().BringToFront();
+    Settle();
+    ++form.SentToBack;
+    view.Sync();
+    EXPECT_TRUE(Window().isVisible());
 }
 
 TEST_F(FormWindowTest, TheCloseBoxAsksFirst) {

@@ -3,6 +3,7 @@
 #include <QCloseEvent>
 #include <QGuiApplication>
 #include <QKeyEvent>
+#include <QRadioButton>
 #include <QScreen>
 #include <QVBoxLayout>
 #include <QWindow>
@@ -115,6 +116,12 @@ void FormWindow::FocusFirst() {
     QWidget* next = client->nextInFocusChain();
     while (next != client && !(next->focusPolicy() & Qt::TabFocus && next->isVisibleTo(this))) {
         next = next->nextInFocusChain();
+    }
+    // Of options that belong together, the chosen one stands for all.
+    if (qobject_cast<QRadioButton*>(next) != nullptr) {
+        for (auto* option : next->parentWidget()->findChildren<QRadioButton*>()) {
+            if (option->isChecked()) next = option;
+        }
     }
     next->setFocus(Qt::TabFocusReason);
 }
