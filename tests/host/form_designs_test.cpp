@@ -3,11 +3,13 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <algorithm>
 #include <stdexcept>
 
+#include "platform/host/colours.h"
 #include "platform/host/form_steps.h"
 #include "platform/host/form_view.h"
 #include "view_support.h"
@@ -158,6 +160,22 @@ TEST_F(DesignedForm, ControlsFollowTheLayoutNotTheRecordsPlace) {
     w.frmStart.txtCaption.Width = 5;
     view.Sync();
     EXPECT_EQ(FindIn<QLineEdit>(w.frmStart, "txtCaption")->geometry(), place);
+}
+
+TEST_F(DesignedForm, BlackIsTheTextColourOfTheTheme) {
+    const QPalette usual = QApplication::palette();
+    QPalette dark(QColor(0x20, 0x24, 0x28));
+    QApplication::setPalette(dark);
+    ShowForm(w, w.frmAbout);
+    view.Sync();
+    auto* label = FindIn<QLabel>(w.frmAbout, "lblVersion");
+    EXPECT_EQ(label->palette().color(QPalette::WindowText), dark.color(QPalette::WindowText));
+    w.frmAbout.lblVersion.ForeColor = 0x000080;
+    view.Sync();
+    EXPECT_NE(label->palette().color(QPalette::WindowText), dark.color(QPalette::WindowText));
+    EXPECT_GE(Contrast(dark.color(QPalette::Window), label->palette().color(QPalette::WindowText)),
+              4.5);
+    QApplication::setPalette(usual);
 }
 
 TEST_F(DesignedForm, OpensWithTheKeysOnItsFirstControl) {

@@ -56,13 +56,17 @@ Qt::Alignment AlignmentOf(TextAlignment alignment) {
     return Qt::AlignLeft | Qt::AlignVCenter;
 }
 
-// -1 stands for the colour of the window behind.
+// -1 stands for the colour of the window behind. Black on it is its own colour of text, which in a
+// dark theme is a light one.
 void ShowColours(int colour, int background, QWidget* widget) {
     widget->setAutoFillBackground(background >= 0);
-    QPalette palette = widget->parentWidget()->palette();
-    if (background >= 0) palette.setColor(QPalette::Window, ToColour(background));
-    const QColor behind = palette.color(QPalette::Window);
-    palette.setColor(QPalette::WindowText, ReadableOn(behind, ToColour(colour)));
+    QPalette palette;
+    if (colour != 0 || background >= 0) {
+        palette = widget->parentWidget()->palette();
+        if (background >= 0) palette.setColor(QPalette::Window, ToColour(background));
+        const QColor behind = palette.color(QPalette::Window);
+        palette.setColor(QPalette::WindowText, ReadableOn(behind, ToColour(colour)));
+    }
     widget->setPalette(palette);
 }
 
