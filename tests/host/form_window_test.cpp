@@ -180,15 +180,36 @@ TEST_F(FormWindowTest, AWindowLargerThanTheScreenIsShownAsLargeAsTheScreen) {
     EXPECT_EQ(form.ScaleHeight(), Window().Client()->height());
 }
 
-TEST_F(FormWindowTest, AFormIsSentBehindTheOthersWhenAsked) {
-    ShowForm(w, w.frmDebug);
-    view.Sync();
+TEST_F(FormWindowTest, ASizeToldBeforeTheStateItBelongsToIsNotTheNormalOneEither) {
+    KeepNormalPlace(form);
+    Window().resize(700, 650);
+    Window().showMaximized();
     Settle();
-    Window().BringToFront();
-    Settle();
+    EXPECT_EQ(form.WindowState, 2);
+    EXPECT_EQ(form.normalWidth, 400 * TwipsPerPixel);
+    EXPECT_EQ(form.normalHeight, 300 * TwipsPerPixel);
+}
+
+// Counts how often a window went to the front or to the back.
+struct OrderCounter : QObject {
+    int changes = 0;
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() == QEvent::ZOrderChange) ++changes;
+        return false;
+    }
+};
+
+TEST_F(FormWindowTest, AFormIsSentBehindTheOthersOnceWhenAsked) {
+    OrderCounter order;
+    Window().installEventFilter(&order);
     ++form.SentToBack;
     view.Sync();
-    EXPECT_TRUE(Window().isVisible());
+    view.Sync();
+    EXPECT_EQ(order.changes, 1);
+    HideForm(form);
+    ++form.SentToBack;
+    view.Sync();
+    EXPECT_EQ(order.changes, 1);
 }
 
 TEST_F(FormWindowTest, TheCloseBoxAsksFirst) {

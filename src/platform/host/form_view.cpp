@@ -13,6 +13,8 @@
 namespace cumeron {
 namespace {
 
+constexpr int SameChange = 300;  // ms in which the desktop tells all of a change
+
 QPoint PixelsOf(double leftTwips, double topTwips) {
     return {static_cast<int>(std::lround(leftTwips / TwipsPerPixel)),
             static_cast<int>(std::lround(topTwips / TwipsPerPixel))};
@@ -73,28 +75,53 @@ void FormView::BindWindow() {
         shownPlace.width = size.width() * TwipsPerPixel;
         shownPlace.height = size.height() * TwipsPerPixel;
         if (state != form.WindowState) {
-            shownState = state;
-            Run([this, state, size](Workstation& w) {
-                ChangeWindowState(w, form, state, size.width(), size.height());
-            });
+            TellState(state, true);
         } else {
+            NoteChange();
             Run([this, size](Workstation& w) { ResizeForm(w, form, size.width(), size.height()); });
         }
     };
     window->Moved = [this](QPoint place) {
+        NoteChange();
         shownPlace.left = place.x() * TwipsPerPixel;
         shownPlace.top = place.y() * TwipsPerPixel;
         Run([this](Workstation& w) { MoveForm(w, form, shownPlace.left, shownPlace.top); });
     };
     window->StateChanged = [this](int state) {
-        if (state == form.WindowState) return;
-        shownState = state;
-        Run([this, state](Workstation& w) { ChangeWindowState(w, form, state); });
+        // A maximised window may have its size already.
+        if (state != form.WindowState) TellState(state, state == 2);
     };
     window->CloseAsked = [this] { Run([this](Workstation& w) { CloseForm(w, form); }); };
     if (Has<Button>(controls)) {
         window->KeyPressed = [this](int key) { return KeyPressed(key); };
     }
+}
+
+void FormView::NoteChange() {
+    if (!sinceChange.isValid() || sinceChange.elapsed() > SameChange) {
+        steadyPlace = {form.normalLeft, form.normalTop, form.normalWidth, form.normalHeight};
+    }
+    sinceChange.start();
+}
+
+void FormView::TellState(int state, bool withSize) {
+    shownState = state;
+    // Some desktops tell the size and place of a maximised window before they tell that it is one;
+    // it has passed for the normal one then.
+    if (state != 0 && sinceChange.isValid() && sinceChange.elapsed() <= SameChange) {
+        form.Left = steadyPlace.left;
+        form.Top = steadyPlace.top;
+        form.Width = steadyPlace.width;
+        form.Height = steadyPlace.height;
+    }
+    const QSize size = window->Client()->size();
+    Run([=, this](Workstation& w) {
+        if (withSize) {
+            ChangeWindowState(w, form, state, size.width(), size.height());
+        } else {
+            ChangeWindowState(w, form, state);
+        }
+    });
 }
 
 // The keys of a dialog: Enter is the button that has the focus, else the design's default button;

@@ -3,6 +3,7 @@
 // view makes one per form.
 #pragma once
 
+#include <QElapsedTimer>
 #include <functional>
 #include <map>
 #include <memory>
@@ -88,7 +89,8 @@ private:
     void BindLines(const NamedControl& named, TextBox& record);
     std::function<int(int)> GateOf(TextBox& record);
     void TakeText(TextBox& record, const QString& text);
-    void StateAsked(int state);
+    void NoteChange();
+    void TellState(int state, bool withSize);
     bool KeyPressed(int key);
     void SyncWindow();
     void SyncPlace();
@@ -116,6 +118,8 @@ private:
     // What the window was told or has told last; only a record that differs touches it.
     std::string shownCaption;
     Place shownPlace;
+    Place steadyPlace;  // the normal one before the latest changes
+    QElapsedTimer sinceChange;
     int shownState = 0;
     unsigned shownFront = 0;
     unsigned shownBack = 0;
