@@ -1,5 +1,6 @@
-// The ring of the last messages, whole, and the ring of profiles for the averaged plot. The
-// intake writes both; the graphs are rebuilt from them.
+// What the graphs remember: the ring of the last messages, whole, from which the picture is
+// rebuilt, the ring of profiles for the averaged plot, and the state of picture and axes. The
+// intake writes both rings.
 #pragma once
 
 #include <array>
@@ -27,6 +28,23 @@ struct ProfileSlotRecord {
     std::int16_t Valid = 0;
 };
 
+// What the grid on the picture was drawn from, so that exactly that can be taken off again.
+struct GridSnapshotRecord {
+    std::int16_t CloudYLow = 0, CloudYHigh = 0;
+    std::int16_t CurrentColumn = 0;
+    double MessageTime = 0;
+    std::int16_t Units = 0;
+};
+
+// How the gates of a profile fall on the rows of the picture and its values on colours; kept from
+// message to message, since both change with the settings only. Made by DrawIntensityColumn.
+struct ColumnTables {
+    std::vector<double> rowsKey, coloursKey;  // what the tables were made from
+    std::vector<int> rows;                    // of the gates from the foot, behind one below it
+    std::vector<std::uint32_t> colours;       // of the profile values from firstValue on; 0: none
+    std::int32_t firstValue = 0;
+};
+
 struct GraphState {
     std::vector<GraphRecord> GraphHistory;  // 0 to HistorySize; in use are 1 to HistorySize - 1
     std::int16_t HistorySize = 0;
@@ -38,7 +56,20 @@ struct GraphState {
     std::int16_t TimeLabelsDirty = -1;
     std::int16_t HeightLabelsDirty = -1;
     std::int16_t GraphsReady = 0;
-    std::int16_t RedrawAbort = 0;
+    std::int16_t HistoryRedrawCount = 0;  // newest records that a redraw replays
+    std::int16_t RedrawAbort = 0;         // 1: a layout change ends a redraw
+    std::int16_t CurrentColumn = 0;       // pixel column of the next message
+    std::int16_t MarkerColumn = -1;       // column of the position mark, -1 for none
+    std::int16_t CompressPhase = 0;       // messages that have gone into the current column
+    double LastGraphTime = 0;             // of the message painted last, 0 for none
+    std::int16_t GridOnScreen = 0;        // -1: the grid stands in the picture
+    GridSnapshotRecord GridSnapshot;
+    std::int16_t CloudYLow = 0, CloudYHigh = 0;      // height steps
+    std::int16_t ProfileYLow = 0, ProfileYHigh = 0;  // height steps
+    std::int16_t ProfileXLow = 0, ProfileXHigh = 0;  // plot units
+    std::array<std::int16_t, 4> CloudHitHeights{};   // 1 to 3: tens of feet
+    double AverageScale = 0;                         // ProfileScale at the last average
+    ColumnTables columnTables;
     std::array<std::int32_t, 5> RangeTable{};  // height steps of 100 ft or 30 m
     std::int16_t PreviousCloudmode = 0;
     std::string UnitLabel;                             // "[m]" or "[ft]"

@@ -1,5 +1,7 @@
 // The names of the graphs' variables, the two rings with their records.
+#include "graphs/ranges.h"
 #include "platform/runtime/errors.h"
+#include "platform/runtime/text.h"
 #include "variables.h"
 #include "workstation.h"
 
@@ -84,6 +86,37 @@ void ListProfiles(VariableList& list) {
         });
 }
 
+void ListPictureState(VariableList& list) {
+    list.Add(
+        "HistoryRedrawCount", [](Workstation & w) -> auto& { return w.graphs.HistoryRedrawCount; });
+    list.Add(
+        "CurrentColumn", [](Workstation & w) -> auto& { return w.graphs.CurrentColumn; });
+    list.Add(
+        "MarkerColumn", [](Workstation & w) -> auto& { return w.graphs.MarkerColumn; });
+    list.Add(
+        "CompressPhase", [](Workstation & w) -> auto& { return w.graphs.CompressPhase; });
+    list.Add(
+        "GridOnScreen", [](Workstation & w) -> auto& { return w.graphs.GridOnScreen; });
+    list.Add(
+        "CloudYLow", [](Workstation & w) -> auto& { return w.graphs.CloudYLow; });
+    list.Add(
+        "CloudYHigh", [](Workstation & w) -> auto& { return w.graphs.CloudYHigh; });
+    list.Add(
+        "ProfileYLow", [](Workstation & w) -> auto& { return w.graphs.ProfileYLow; });
+    list.Add(
+        "ProfileYHigh", [](Workstation & w) -> auto& { return w.graphs.ProfileYHigh; });
+    list.Add(
+        "ProfileXLow", [](Workstation & w) -> auto& { return w.graphs.ProfileXLow; });
+    list.Add(
+        "ProfileXHigh", [](Workstation & w) -> auto& { return w.graphs.ProfileXHigh; });
+    list.Add(
+        "AverageScale", [](Workstation & w) -> auto& { return w.graphs.AverageScale; });
+    list.AddDate(
+        "LastGraphTime", [](Workstation & w) -> auto& { return w.graphs.LastGraphTime; });
+    list.AddArray(
+        "CloudHitHeights", [](Workstation & w) -> auto& { return w.graphs.CloudHitHeights; });
+}
+
 }  // namespace
 
 void ListGraphVariables(VariableList& list) {
@@ -99,6 +132,12 @@ void ListGraphVariables(VariableList& list) {
         "GraphsReady", [](Workstation & w) -> auto& { return w.graphs.GraphsReady; });
     list.Add(
         "RedrawAbort", [](Workstation & w) -> auto& { return w.graphs.RedrawAbort; });
+    ListPictureState(list);
+    list.functions.push_back(
+        {"StepHeight", 3, [](const std::vector<std::string>& arguments) -> Value {
+             return std::int64_t{StepHeight(ToDouble(arguments[0]), ToInt16(arguments[1]) != 0,
+                                            ToInt16(arguments[2]))};
+         }});
     list.AddArray(
         "RangeTable", [](Workstation & w) -> auto& { return w.graphs.RangeTable; });
     list.Add(

@@ -2,7 +2,9 @@
 
 #include <algorithm>
 
+#include "graphs/cloud_columns.h"
 #include "graphs/graph_history.h"
+#include "graphs/profile_plot.h"
 #include "intake/classify.h"
 #include "intake/decode.h"
 #include "intake/interval.h"
@@ -82,7 +84,7 @@ void AcceptFrame(Workstation& w, std::string_view frame, std::string_view body, 
     w.graphs.MessageTime = now;
 }
 
-void StoreMessage(Workstation& w) {
+const ProfileSlotRecord& StoreMessage(Workstation& w) {
     const IntakeState& intake = w.intake;
     ProfileSlotRecord& slot = NextProfileSlot(w);
     slot.Valid = intake.MessageId != -1 ? -1 : 0;
@@ -97,6 +99,7 @@ void StoreMessage(Workstation& w) {
     record.CloudText = w.frmMain.lblCloudtext[0].Caption;
     record.MessageId = intake.MessageId;
     record.Scale = intake.ProfileScale;
+    return slot;
 }
 
 void NoteStatusChange(Workstation& w, std::string_view frame) {
@@ -108,7 +111,9 @@ void NoteStatusChange(Workstation& w, std::string_view frame) {
 void SendDownTheRoad(Workstation& w, std::string_view frame) {
     w.intake.MessageId = ClassifyMessage(w, w.intake.FrameText, w.intake.Payload);
     if (w.intake.MessageId != 40) UpdateInstantValues(w, frame);
-    StoreMessage(w);
+    const ProfileSlotRecord& slot = StoreMessage(w);
+    if (w.frmMain.mnuLinePlot.Checked) UpdateBackscatterPlot(w);
+    AddGraphColumn(w, slot.Profile, slot.Valid != 0);
     NoteStatusChange(w, frame);
 }
 

@@ -1,5 +1,6 @@
 #include "intake/interval.h"
 
+#include "graphs/time_axis.h"
 #include "intake/intake.h"
 #include "platform/runtime/dates.h"
 #include "platform/runtime/text.h"
@@ -22,6 +23,7 @@ void TakeInterval(Workstation& w, std::int16_t seconds) {
     w.settings.Message_Interval = Multiply16(seconds, CompressFactor(w.settings));
     w.graphs.TimeLabelsDirty = -1;
     w.graphs.HeightLabelsDirty = -1;
+    UpdateAxes(w);
     Form_Resize(w);
 }
 

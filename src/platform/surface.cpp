@@ -31,10 +31,6 @@ std::uint32_t ExchangeRedAndBlue(std::uint32_t colour) {
     return (colour & 0xFF) << 16 | (colour & 0xFF00) | (colour >> 16 & 0xFF);
 }
 
-std::uint32_t ToPixelColour(int colour) {
-    return Opaque | ExchangeRedAndBlue(static_cast<std::uint32_t>(colour));
-}
-
 int ToSide(double size) {
     if (std::isnan(size)) return 0;
     return static_cast<int>(std::clamp(std::floor(size + 0.5), 0.0, LargestSide));
@@ -84,6 +80,10 @@ struct Stretch {
 
 }  // namespace
 
+std::uint32_t PixelColour(int colour) {
+    return Opaque | ExchangeRedAndBlue(static_cast<std::uint32_t>(colour) & ColourBits);
+}
+
 int QBColor(int number) {
     if (number < 0 || number >= static_cast<int>(std::size(Palette))) throw RuntimeError(5);
     return Palette[number];
@@ -97,7 +97,7 @@ void Surface::Fit() const {
 
     std::vector<std::uint32_t> fitted(
         static_cast<std::size_t>(newWidth) * static_cast<std::size_t>(newHeight),
-        ToPixelColour(BackColor));
+        PixelColour(BackColor));
     const int keptWidth = std::min(newWidth, bitmapWidth);
     for (int y = 0; y < std::min(newHeight, bitmapHeight); ++y) {
         std::copy_n(pixels.begin() + std::ptrdiff_t{y} * bitmapWidth, keptWidth,
@@ -153,7 +153,7 @@ void Surface::Stroke(PixelPoint from, PixelPoint to, int colour) {
     const std::int64_t before = penWidth / 2;
     const std::int64_t behind = penWidth - 1 - before;
     const bool dots = DrawStyle == StyleDots && penWidth == 1;
-    const std::uint32_t pen = ToPixelColour(colour);
+    const std::uint32_t pen = PixelColour(colour);
 
     const std::int64_t last = std::min(slope.end + behind, lengthAlong - 1);
     for (std::int64_t at = std::max<std::int64_t>(slope.start - before, 0); at <= last; ++at) {
@@ -173,7 +173,7 @@ void Surface::Stroke(PixelPoint from, PixelPoint to, int colour) {
 
 void Surface::Cls() {
     Fit();
-    std::fill(pixels.begin(), pixels.end(), ToPixelColour(BackColor));
+    std::fill(pixels.begin(), pixels.end(), PixelColour(BackColor));
     printed.clear();
     CurrentX = 0;
     CurrentY = 0;
@@ -233,7 +233,7 @@ void Surface::Fill(int x, int y, int width, int height, int colour) {
     down.Clip(bitmapHeight, bitmapHeight);
     for (std::int64_t row = down.to; row < down.to + down.length; ++row) {
         std::fill_n(pixels.begin() + row * bitmapWidth + across.to, across.length,
-                    ToPixelColour(colour));
+                    PixelColour(colour));
     }
     ++changes;
 }

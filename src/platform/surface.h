@@ -12,6 +12,8 @@ namespace cumeron {
 
 // Colours are 00BBGGRR. QBColor: the usual palette of sixteen, 0 to 15; raises 5 outside.
 int QBColor(int number);
+// The same colour as a bitmap holds it: 0xFFRRGGBB.
+std::uint32_t PixelColour(int colour);
 
 enum DrawModes { DrawInvert = 6, DrawNotXor = 10, DrawCopy = 13 };
 
@@ -66,7 +68,8 @@ struct Surface : Control {
     int Pixel(int x, int y) const;  // 00BBGGRR; -1 outside
     // Rows from the top, PixelWidth() pixels each, 0xFFRRGGBB; valid until the next drawing.
     const std::uint32_t* Pixels() const;
-    // The same for a text painter of the host, which writes into the bitmap; counts as a change.
+    // The same for those who write into the bitmap, the text painter of the host and the columns of
+    // the cloud graph; counts as a change.
     std::uint32_t* PixelsToPaint();
     // Counted up at each change, so that the view repaints only what changed.
     unsigned Changes() const;

@@ -4,6 +4,7 @@
 #include <cstdlib>
 
 #include "graphs/axes.h"
+#include "graphs/ranges.h"
 #include "intake/decode.h"
 #include "platform/runtime/text.h"
 #include "platform/surface.h"
@@ -116,8 +117,10 @@ void ReadAngle(Workstation& w, std::string_view frame) {
 void ChangeUnits(Workstation& w, std::int16_t units) {
     w.settings.Units = units;
     w.settings.Clouds_Y_User_Defined = 0;
+    ApplyCloudRange(w);
     SetGraphCaptions(w);
     w.settings.Backscatter_Y_User_Defined = 0;
+    ApplyBackscatterRange(w);
     ConvertHistoryUnits(w);
     Form_Resize(w);
 }

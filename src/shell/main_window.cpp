@@ -3,6 +3,10 @@
 #include <algorithm>
 #include <initializer_list>
 
+#include "graphs/cloud_columns.h"
+#include "graphs/profile_plot.h"
+#include "graphs/time_axis.h"
+#include "platform/runtime/errors.h"
 #include "platform/runtime/text.h"
 #include "workstation.h"
 
@@ -100,8 +104,34 @@ void ForgetOldSize(Workstation& w) {
     if (w.graphs.GraphsReady == 0) return;
     w.graphs.TimeLabelsDirty = -1;
     w.graphs.HeightLabelsDirty = -1;
-    w.frmMain.picCombination.Cls();
+    // Limits that leave nothing to draw do not stop the layout.
+    ResumeNext([&] { UpdateBackscatterPlot(w); });
+    ResumeNext([&] { UpdateAxes(w); });
+    EmptyPicture(w);
 }
+
+// So that the widest ring is not asked for more than it holds.
+std::int16_t RecordsThatFit(const Workstation& w) {
+    const double records = (w.frmMain.picCombination.Width - 5) * (w.settings.Compress + 1);
+    const double most = w.graphs.HistorySize - 1;
+    return ToInt16(std::clamp(RoundHalfEven(records), 0.0, std::max(most, 0.0)));
+}
+
+// Whatever a repaint brings about, messages are taken again afterwards.
+class StoppedClock {
+public:
+    explicit StoppedClock(FrmMain& stopped) : form(stopped) { form.tmrClock.SetEnabled(false); }
+    ~StoppedClock() {
+        form.ResizeTimer.SetEnabled(false);
+        // With an off-line file open the clock stays off.
+        if (!form.Toolbar1.CloseFile.Enabled) form.tmrClock.SetEnabled(true);
+    }
+    StoppedClock(const StoppedClock&) = delete;
+    StoppedClock& operator=(const StoppedClock&) = delete;
+
+private:
+    FrmMain& form;
+};
 
 // The sizer was dropped: its place is the share of the cloud graph.
 void TakeSplitFromSizer(Workstation& w) {
@@ -193,13 +223,15 @@ void ResizeTimer_Tick(Workstation& w) {
         graphs.resizeSeenHeight = form.picCombination.Height;
         return;
     }
-    form.tmrClock.SetEnabled(false);  // no message is taken meanwhile
-    graphs.RedrawAbort = 0;
+    const StoppedClock noMessageMeanwhile(form);
+    do {
+        graphs.HistoryRedrawCount = RecordsThatFit(w);
+        ClearGraph(w);
+        RedrawHistory(w);
+    } while (graphs.RedrawAbort == 1);
     graphs.TimeLabelsDirty = -1;
     graphs.HeightLabelsDirty = -1;
-    form.ResizeTimer.SetEnabled(false);
-    // With an off-line file open the clock stays off.
-    if (!form.Toolbar1.CloseFile.Enabled) form.tmrClock.SetEnabled(true);
+    UpdateAxes(w);
 }
 
 }  // namespace cumeron

@@ -5,7 +5,11 @@
 #include <string_view>
 
 #include "graphs/axes.h"
+#include "graphs/cloud_columns.h"
 #include "graphs/graph_history.h"
+#include "graphs/profile_plot.h"
+#include "graphs/ranges.h"
+#include "graphs/time_axis.h"
 #include "intake/models.h"
 #include "shell/dialogs.h"
 #include "shell/indicators.h"
@@ -76,11 +80,17 @@ void StartGraphsAfresh(Workstation& w) {
     settings.Step_Linear = 0;
     settings.Back_Step_Linear = 0;
     settings.Clouds_Y_User_Defined = 0;
-    settings.Backscatter_Y_User_Defined = 0;
+    ApplyCloudRange(w);
     SetGraphCaptions(w);
     w.graphs.TimeLabelsDirty = -1;
     w.graphs.HeightLabelsDirty = -1;
-    w.frmMain.picCombination.Cls();
+    UpdateAxes(w);
+    EmptyPicture(w);
+    settings.Backscatter_Y_User_Defined = 0;
+    ReportAndGoOn(w, [&] {
+        ApplyBackscatterRange(w);
+        UpdateBackscatterPlot(w);
+    });
 }
 
 void Command1_Click(Workstation& w) {

@@ -5,6 +5,8 @@
 #include <limits>
 
 #include "graphs/axes.h"
+#include "graphs/ranges.h"
+#include "graphs/time_axis.h"
 #include "intake/models.h"
 #include "platform/profile_file.h"
 #include "platform/runtime/dates.h"
@@ -239,6 +241,12 @@ void RestoreDefaults(Workstation& w) {
     if (IsModel(w.settings.CEILOMETER)) {
         w.settings.Message_Interval = ToInt16(DefaultMessageInterval(w.settings.CEILOMETER));
     }
+    w.graphs.CompressPhase = 0;
+    ReportAndGoOn(w, [&] { ApplyBackscatterRange(w); });
+    ReportAndGoOn(w, [&] { ApplyCloudRange(w); });
+    w.graphs.TimeLabelsDirty = -1;
+    w.graphs.HeightLabelsDirty = -1;
+    UpdateAxes(w);
     SetGraphCaptions(w);
     Form_Resize(w);
 }

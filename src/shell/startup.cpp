@@ -5,6 +5,9 @@
 #include <utility>
 
 #include "graphs/axes.h"
+#include "graphs/profile_plot.h"
+#include "graphs/ranges.h"
+#include "graphs/time_axis.h"
 #include "intake/models.h"
 #include "intake/port.h"
 #include "platform/runtime/dates.h"
@@ -110,9 +113,13 @@ void ReadAllButStartOptions(Workstation& w, SettingsReading& reading) {
 
 void SetUpGraphs(Workstation& w) {
     DimensionProfiles(w);
+    ApplyCloudRange(w);
+    ApplyBackscatterRange(w);
     w.graphs.GraphsReady = -1;
     w.graphs.MessageTime = w.platform.clock.Now();
     w.intake.MessageClockTime = TimeOf(w.graphs.MessageTime);
+    UpdateAxes(w);
+    UpdateBackscatterPlot(w);
     SetGraphCaptions(w);
     w.frmMain.Toolbar1.CloudIntensity.Value = 1;
     w.frmMain.Toolbar1.ClosePort.Value = 1;

@@ -1,6 +1,10 @@
 // The four views of the main window: which surfaces are shown, which entry is checked, which
 // button is pressed; and the grid of the view.
 #include "graphs/axes.h"
+#include "graphs/profile_plot.h"
+#include "graphs/ranges.h"
+#include "graphs/time_axis.h"
+#include "shell/indicators.h"
 #include "shell/main_window.h"
 #include "workstation.h"
 
@@ -80,6 +84,7 @@ void mnuLinePlot_Click(Workstation& w) {
     form.mnuPoints.Checked = false;
     PressViewButtons(form, false, false, true, false);
     SetGraphCaptions(w);
+    ReportAndGoOn(w, [&] { UpdateBackscatterPlot(w); });
 }
 
 void mnuSplitScreen_Click(Workstation& w) {
@@ -96,6 +101,8 @@ void mnuSplitScreen_Click(Workstation& w) {
     settings.Backscatter_Y_High_Value = settings.Clouds_Y_High_Value;
     settings.Backscatter_Y_User_Defined = settings.Clouds_Y_User_Defined;
     settings.Back_Step_Linear = settings.Step_Linear;
+    ReportAndGoOn(w, [&] { ApplyCloudRange(w); });
+    ReportAndGoOn(w, [&] { ApplyBackscatterRange(w); });
     SetGraphCaptions(w);
     Form_Resize(w);
     ShowCloudGraph(form, true);
@@ -106,13 +113,17 @@ void ToggleGrid(Workstation& w) {
     const FrmMain& form = w.frmMain;
     Settings& settings = w.settings;
     if (!form.mnuLinePlot.Checked || form.mnuSplitScreen.Checked) {
+        if (w.graphs.GridOnScreen != 0) ToggleCloudGrid(w, w.frmMain.picCombination);
         Flip(settings.Cloud_Show_Grid);
         w.graphs.TimeLabelsDirty = -1;
         w.graphs.HeightLabelsDirty = -1;
+        UpdateAxes(w);
     }
     if (form.mnuLinePlot.Checked) {
         Flip(settings.Backscatter_Show_Grid);
+        ReportAndGoOn(w, [&] { ApplyBackscatterRange(w); });
         SetGraphCaptions(w);
+        ReportAndGoOn(w, [&] { UpdateBackscatterPlot(w); });
     }
 }
 
