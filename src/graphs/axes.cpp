@@ -17,8 +17,8 @@ constexpr int Solid = 0, Dots = 2;  // DrawStyle
 constexpr int HeightTick = 5;       // pixels
 constexpr int LabelLeft = 3;        // of a height label, pixels
 constexpr int LabelRise = 8;        // of a height label above its tick, pixels
-constexpr int LongTick = 7, ShortTick = 4;
-constexpr int LabelFoot = 18;  // upper edge of the labels below a graph, pixels from the foot
+constexpr int XTick = 7;            // pixels
+constexpr int LabelFoot = 18;       // upper edge of the labels below a graph, pixels from the foot
 constexpr int StepTicks = 12;
 constexpr int TickRoom = 25;  // pixels that a tick of the profile's x axis wants
 
@@ -158,14 +158,14 @@ public:
     }
 
 private:
+    // Steps are whole plot units, so that every tick that is drawn has its label.
     void DrawOne(double x) {
-        const bool whole = x == std::floor(x);
         if (asGrid) {
             surface.Line(x, 0, x, height, colour);
             return;
         }
-        surface.Line(x, height, x, height - (whole ? LongTick : ShortTick), colour);
-        if (whole) PrintLabel(x);
+        surface.Line(x, height, x, height - XTick, colour);
+        PrintLabel(x);
     }
 
     void PrintLabel(double x) {

@@ -103,13 +103,18 @@ int MessagesPerColumn(const Settings& settings) {
     return settings.Compress == 1 ? 2 : 3;
 }
 
+// kept: while nothing shares a column, what an earlier compression began stays for the next one.
+void EndPhase(Workstation& w) {
+    if (w.settings.Compress != 0) w.graphs.CompressPhase = 0;
+}
+
 void StepColumn(Workstation& w) {
     GraphState& graphs = w.graphs;
     if (graphs.CompressPhase < MessagesPerColumn(w.settings) - 1) {
         graphs.CompressPhase = Add16(graphs.CompressPhase, 1);
         return;
     }
-    graphs.CompressPhase = 0;
+    EndPhase(w);
     graphs.CurrentColumn = Add16(graphs.CurrentColumn, 1);
 }
 
@@ -122,7 +127,7 @@ void StepColumnBack(Workstation& w) {
         graphs.CurrentColumn = Add16(graphs.CurrentColumn, -1);
         return;
     }
-    graphs.CompressPhase = 0;
+    EndPhase(w);
     graphs.CurrentColumn = Add16(graphs.CurrentColumn, -2);
 }
 

@@ -154,13 +154,13 @@ int ValidSlots(const GraphState& graphs, int count) {
 }
 
 std::int32_t SumAt(const GraphState& graphs, int gate, int slots) {
-    std::int64_t sum = 0;
+    std::int32_t sum = 0;
     int slot = graphs.ProfileSlot;
     for (int i = 0; i < slots; ++i) {
-        sum += GateOf(SlotAt(graphs, slot).Profile, gate);
+        sum = ToInt32(static_cast<double>(sum) + GateOf(SlotAt(graphs, slot).Profile, gate));
         slot = SlotBefore(graphs, slot);
     }
-    return ToInt32(static_cast<double>(sum));
+    return sum;
 }
 
 // Profiles of another range resolution do not match the current one.

@@ -9,7 +9,7 @@ struct Workstation;
 // Draws anew what is out of date: time labels, height labels, and the grid when it is wanted.
 void UpdateAxes(Workstation& w);
 // The ticks and hours of a strip whose given column stands at that moment; the left edge is worked
-// out from it and Message_Interval. As a grid the lines invert picCombination. An interval of 0
+// out from it and Message_Interval. As a grid the lines invert what stands there. An interval of 0
 // leaves no axis to draw.
 void DrawTimeAxis(Workstation& w, int column, Surface& surface, double time, int colour,
                   bool asGrid);
