@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "graphs/label_strips.h"
 #include "intake/messages.h"
 #include "platform/runtime/dates.h"
 #include "platform/runtime/errors.h"
@@ -30,18 +31,18 @@ void ExpectSteps(Workstation& w, std::initializer_list<Step> steps) {
 
 TEST(MeasureInterval, KeepsASettingThatArrivalsAgreeWith) {
     Station station(30);
-    station.w.graphs.TimeLabelsDirty = 0;
+    MarkLabelStrips(station.w);
     ExpectSteps(station.w, {{0, 1, 0, 15}, {15, 2, 0, 15}, {30, 4, 0, 15}});
-    EXPECT_EQ(station.w.graphs.TimeLabelsDirty, 0);
+    EXPECT_TRUE(LabelStripsAreOld(station.w));
     EXPECT_EQ(station.w.frmMain.sbaStatus.Action.Text, "Interval Seek");
 }
 
 TEST(MeasureInterval, LearnsFromThreeArrivals) {
     Station station(30);
-    station.w.graphs.TimeLabelsDirty = station.w.graphs.HeightLabelsDirty = 0;
+    MarkLabelStrips(station.w);
     ExpectSteps(station.w, {{0, 1, 0, 15}, {30, 2, 0, 15}, {60, 4, 30, 30}});
-    EXPECT_EQ(station.w.graphs.TimeLabelsDirty, -1);
-    EXPECT_EQ(station.w.graphs.HeightLabelsDirty, -1);
+    EXPECT_TRUE(LabelStripsAreNew(station.w));
+    EXPECT_EQ(station.w.graphs.RedrawAbort, 1) << "laid out anew";
     EXPECT_EQ(station.w.frmMain.sbaStatus.Action.Text, "MSG Interval:  30s");
 }
 
@@ -62,12 +63,11 @@ TEST(MeasureInterval, ChangesAKnownIntervalWithTheThirdMessage) {
     Station station(30);
     station.w.intake.IntervalSeekState = 4;
     station.w.intake.IntervalTimes[0] = At(0);
-    station.w.graphs.TimeLabelsDirty = station.w.graphs.HeightLabelsDirty = 0;
+    MarkLabelStrips(station.w);
     ExpectSteps(station.w, {{15, 4, 0, 15}, {45, 4, 30, 15}, {75, 5, 30, 15}});
-    EXPECT_EQ(station.w.graphs.TimeLabelsDirty, 0);
+    EXPECT_TRUE(LabelStripsAreOld(station.w));
     ExpectSteps(station.w, {{105, 4, 30, 30}});
-    EXPECT_EQ(station.w.graphs.TimeLabelsDirty, -1);
-    EXPECT_EQ(station.w.graphs.HeightLabelsDirty, -1);
+    EXPECT_TRUE(LabelStripsAreNew(station.w));
 }
 
 TEST(MeasureInterval, ForgetsAConfirmationWhenTheSpanChangesAgain) {

@@ -4,6 +4,7 @@
 
 #include <set>
 
+#include "graphs/label_strips.h"
 #include "platform/runtime/errors.h"
 #include "platform/scripted/scripted_machine.h"
 #include "shell/running_program.h"
@@ -304,12 +305,12 @@ TEST(Layout, EndsARepaintAndDropsThePicture) {
     Workstation& w = program.W();
     for (const bool ready : {true, false}) {
         w.graphs.GraphsReady = ready ? -1 : 0;
-        w.graphs.RedrawAbort = w.graphs.TimeLabelsDirty = w.graphs.HeightLabelsDirty = 0;
+        w.graphs.RedrawAbort = 0;
+        MarkLabelStrips(w);
         w.frmMain.picCombination.PSet(3, 3, 0x0000FF);
         program.Resize(900, 650);
         EXPECT_EQ(w.graphs.RedrawAbort, 1);
-        EXPECT_EQ(w.graphs.TimeLabelsDirty, ready ? -1 : 0);
-        EXPECT_EQ(w.graphs.HeightLabelsDirty, ready ? -1 : 0);
+        EXPECT_TRUE(ready ? LabelStripsAreNew(w) : LabelStripsAreOld(w));
         EXPECT_EQ(w.frmMain.picCombination.Pixel(3, 3), ready ? 0xFFFFFF : 0x0000FF);
     }
 }
@@ -421,12 +422,11 @@ TEST(ResizeTimer, WaitsUntilTheSizeStandsStill) {
     program.Resize(900, 651);
     ResizeTimer_Tick(program.W());
     EXPECT_TRUE(form.ResizeTimer.Enabled());
-    program.W().graphs.TimeLabelsDirty = program.W().graphs.HeightLabelsDirty = 0;
+    MarkLabelStrips(program.W());
     ResizeTimer_Tick(program.W());
     EXPECT_FALSE(form.ResizeTimer.Enabled());
     EXPECT_EQ(program.W().graphs.RedrawAbort, 0);
-    EXPECT_EQ(program.W().graphs.TimeLabelsDirty, -1);
-    EXPECT_EQ(program.W().graphs.HeightLabelsDirty, -1);
+    EXPECT_TRUE(LabelStripsAreNew(program.W()));
     EXPECT_TRUE(form.tmrClock.Enabled());
 }
 

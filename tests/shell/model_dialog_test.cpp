@@ -5,6 +5,7 @@
 #include <functional>
 
 #include "graphs/graph_history.h"
+#include "graphs/label_strips.h"
 #include "intake/models.h"
 #include "platform/scripted/scripted_machine.h"
 #include "workstation.h"
@@ -168,7 +169,7 @@ TEST_F(ModelDialog, OkStartsTheGraphsAfresh) {
     settings.Step_Linear = settings.Back_Step_Linear = 1;
     settings.Clouds_Y_User_Defined = settings.Backscatter_Y_User_Defined = -1;
     settings.Units = 1;
-    w.graphs.TimeLabelsDirty = w.graphs.HeightLabelsDirty = 0;
+    MarkLabelStrips(w);
     Surface& graph = w.frmMain.picCombination;
     graph.PSet(1, 1, 0x0000FF);
     const int empty = graph.BackColor;
@@ -178,8 +179,7 @@ TEST_F(ModelDialog, OkStartsTheGraphsAfresh) {
     EXPECT_EQ(settings.Back_Step_Linear, 0);
     EXPECT_EQ(settings.Clouds_Y_User_Defined, 0);
     EXPECT_EQ(settings.Backscatter_Y_User_Defined, 0);
-    EXPECT_EQ(w.graphs.TimeLabelsDirty, -1);
-    EXPECT_EQ(w.graphs.HeightLabelsDirty, -1);
+    EXPECT_TRUE(LabelStripsAreNew(w));
     EXPECT_EQ(graph.Pixel(1, 1), empty);
     EXPECT_EQ(w.frmMain.fraValues.Caption, "Instant Values [m]");
 }

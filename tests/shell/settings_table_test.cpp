@@ -76,8 +76,8 @@ const Key Keys[] = {
     {"Zip_File_Path", Held<&S::Zip_File_Path>, "", "C:\\ZIP", "C:\\ZIP", "C:\\ZIP", ""},
     {"Zip_Exe", Held<&S::Zip_Exe>, "", "zip.exe", "zip.exe", "zip.exe", ""},
     {"Main_Caption", Held<&S::Main_Caption>, "", "North", "North", NotSaved, ""},
-    {"Backscatter_X_Low_Value", Held<&S::Backscatter_X_Low_Value>, "-1000", "-70021", "-70021", "-70021", "-1000"},
-    {"Backscatter_X_High_Value", Held<&S::Backscatter_X_High_Value>, "1000", "70022", "70022", "70022", "1000"},
+    {"Backscatter_X_Low_Value", Held<&S::Backscatter_X_Low_Value>, "-1000", "-21021", "-21021", "-21021", "-1000"},
+    {"Backscatter_X_High_Value", Held<&S::Backscatter_X_High_Value>, "1000", "21022", "21022", "21022", "1000"},
     {"Backscatter_X_User_Defined", Held<&S::Backscatter_X_User_Defined>, "0", "23", "23", "23", "0"},
     {"Backscatter_Y_Low_Value", Held<&S::Backscatter_Y_Low_Value>, "0", "70024", "70024", "70024", "0"},
     {"Backscatter_Y_High_Value", Held<&S::Backscatter_Y_High_Value>, "25500", "70025", "70025", "70025", "25500"},
@@ -153,6 +153,14 @@ TEST(SettingTable, AnAbsentKeyHasItsDefault) {
     for (const Key& key : Keys) EXPECT_EQ(key.held(program.W()), key.ifAbsent) << key.name;
     Program top("Top=15\r\n");
     EXPECT_EQ(top.W().frmMain.Left, 0);
+}
+
+// The graph takes 16 bits of them, and only when the user's own limits are in use.
+TEST(SettingTable, LimitsOfTheProfilePlotHave32Bits) {
+    Program program("Backscatter_X_Low_Value=-70021\r\nBackscatter_X_High_Value=70022\r\n");
+    EXPECT_EQ(program.W().settings.Backscatter_X_Low_Value, -70021);
+    EXPECT_EQ(program.W().settings.Backscatter_X_High_Value, 70022);
+    EXPECT_FALSE(program.W().shell.startFailed);
 }
 
 TEST(SettingTable, EachKeyIsReadSavedAndRestored) {

@@ -3,6 +3,7 @@
 
 #include <map>
 
+#include "graphs/label_strips.h"
 #include "shell/main_window.h"
 #include "shell/running_program.h"
 
@@ -113,7 +114,7 @@ TEST(Grid, ButtonServesWhatIsOnView) {
         MenuEntry FrmMain::*view;
         std::int16_t cloud, profile;            // before
         std::int16_t cloudAfter, profileAfter;  // and after
-        bool labelsDirty;
+        bool labelsNew;
     } cases[] = {
         {"cloud intensity", &FrmMain::mnuPoints, 0, 0, 1, 0, true},
         {"cloud detection", &FrmMain::mnuCloudhit, 1, 1, 0, 1, true},
@@ -128,13 +129,12 @@ TEST(Grid, ButtonServesWhatIsOnView) {
         program.Click(w.frmMain.*c.view);
         w.settings.Cloud_Show_Grid = c.cloud;
         w.settings.Backscatter_Show_Grid = c.profile;
-        w.graphs.TimeLabelsDirty = w.graphs.HeightLabelsDirty = 0;
+        MarkLabelStrips(w);
         w.frmMain.fraValues.Caption = "";
         program.Click(w.frmMain.Toolbar1.Grid);
         EXPECT_EQ(w.settings.Cloud_Show_Grid, c.cloudAfter) << c.what;
         EXPECT_EQ(w.settings.Backscatter_Show_Grid, c.profileAfter) << c.what;
-        EXPECT_EQ(w.graphs.TimeLabelsDirty, c.labelsDirty ? -1 : 0) << c.what;
-        EXPECT_EQ(w.graphs.HeightLabelsDirty, c.labelsDirty ? -1 : 0) << c.what;
+        EXPECT_TRUE(c.labelsNew ? LabelStripsAreNew(w) : LabelStripsAreOld(w)) << c.what;
         EXPECT_EQ(w.frmMain.fraValues.Caption.empty(), !w.frmMain.mnuLinePlot.Checked) << c.what;
     }
 }
