@@ -4,6 +4,8 @@
 
 #include <vector>
 
+#include "graphs/backscatter_settings.h"
+#include "graphs/cloud_settings.h"
 #include "graphs/graph_history.h"
 #include "intake/intake.h"
 #include "intake/models.h"
@@ -42,12 +44,14 @@ struct Workstation {
     FrmAbout frmAbout;
     FrmConfigScrn ConfigScrn;
     FrmCType frmCType;
+    FrmBackScatter frmBackScatter;
+    FrmClouds frmClouds;
 
     SerialLine& comCTLine() { return platform.line; }
     // Every form, frmMain first.
     std::vector<Form*> Forms() {
-        return {&frmMain,  &frmDebug, &frmStatus,  &frmSmsg, &frmSkyCond,
-                &frmStart, &frmAbout, &ConfigScrn, &frmCType};
+        return {&frmMain,  &frmDebug,   &frmStatus, &frmSmsg,        &frmSkyCond, &frmStart,
+                &frmAbout, &ConfigScrn, &frmCType,  &frmBackScatter, &frmClouds};
     }
 };
 

@@ -1,5 +1,7 @@
 // The design of frmMain: one table each for menu entries, toolbar buttons, panels and what stands
 // in the client area. Controls() and Reset() walk over them.
+#include "graphs/backscatter_settings.h"
+#include "graphs/cloud_settings.h"
 #include "intake/intake.h"
 #include "intake/port.h"
 #include "shell/indicators.h"
@@ -103,9 +105,9 @@ constexpr MenuRow MenuRows[] = {
      mnuSplitScreen_Click},
     {&FrmMain::mnuSkyCond, "mnuSkyCond", "mnuShow", "Sky Condition &Window", mnuSkyCond_Click},
     {&FrmMain::mnuBackscatterSettings, "mnuBackscatterSettings", "mnuShow",
-     "&Backscatter Profile Settings...", nullptr, "The backscatter settings dialog", Separator},
-    {&FrmMain::mnuCloudSettings, "mnuCloudSettings", "mnuShow", "&Cloud Graph Settings...", nullptr,
-     "The cloud graph settings dialog"},
+     "&Backscatter Profile Settings...", mnuBackscatterSettings_Click, nullptr, Separator},
+    {&FrmMain::mnuCloudSettings, "mnuCloudSettings", "mnuShow", "&Cloud Graph Settings...",
+     mnuCloudSettings_Click},
     {&FrmMain::mnuSkyCondSettings, "mnuSkyCondSettings", "mnuShow", "S&ky Condition Settings...",
      nullptr, "The sky condition settings dialog"},
     {&FrmMain::mnuShowMessage, "mnuShowMessage", "mnuShow", "&Message", mnuShowMessage_Click,

@@ -5,7 +5,9 @@
 
 #include "ui_ConfigScrn.h"
 #include "ui_frmAbout.h"
+#include "ui_frmBackScatter.h"
 #include "ui_frmCType.h"
+#include "ui_frmClouds.h"
 #include "ui_frmStart.h"
 #include "ui_frmStatus.h"
 
@@ -23,8 +25,9 @@ void SetUp(QWidget* client) {
 }
 
 constexpr Design Designs[] = {
-    {"ConfigScrn", SetUp<Ui::ConfigScrn>}, {"frmAbout", SetUp<Ui::frmAbout>},
-    {"frmCType", SetUp<Ui::frmCType>},     {"frmStart", SetUp<Ui::frmStart>},
+    {"ConfigScrn", SetUp<Ui::ConfigScrn>},         {"frmAbout", SetUp<Ui::frmAbout>},
+    {"frmBackScatter", SetUp<Ui::frmBackScatter>}, {"frmCType", SetUp<Ui::frmCType>},
+    {"frmClouds", SetUp<Ui::frmClouds>},           {"frmStart", SetUp<Ui::frmStart>},
     {"frmStatus", SetUp<Ui::frmStatus>},
 };
 
