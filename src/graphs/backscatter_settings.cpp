@@ -161,8 +161,8 @@ void AddOptions(ControlList& list, const char* name, const char* parent,
 FrmBackScatter::FrmBackScatter() {
     Name = "frmBackScatter";
     Caption = "Backscatter Profile Settings";
-    Width = 520 * TwipsPerPixel;
-    Height = 360 * TwipsPerPixel;
+    Width = 600 * TwipsPerPixel;
+    Height = 340 * TwipsPerPixel;
     NameOptions(*this);
     fraXRange.Caption = "&X-Axis Range (100*srad*km)^-1";
     optXUser[0].Caption = "&Full";

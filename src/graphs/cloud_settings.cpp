@@ -361,7 +361,7 @@ FrmClouds::FrmClouds() {
     Name = "frmClouds";
     Caption = "Cloud Graph Settings";
     Width = 620 * TwipsPerPixel;
-    Height = 440 * TwipsPerPixel;
+    Height = 450 * TwipsPerPixel;
     NameColours(*this);
     SetUpColours(*this);
     NameOptions(*this);
