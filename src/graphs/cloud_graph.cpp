@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <ranges>
 
 #include "graphs/ranges.h"
 #include "graphs/scale.h"
@@ -13,7 +14,7 @@ namespace cumeron {
 
 namespace {
 
-constexpr std::int32_t HighestValue = 32767;  // plot units
+constexpr std::int64_t HighestValue = 32767;  // plot units
 constexpr int Classes = 5;                    // of colours
 constexpr int FinerUnits = 10;                // KN counts to a plot unit
 constexpr double FeetPerMetre = 3.28;         // as the picture has always had it
@@ -53,8 +54,11 @@ void MakeColours(Workstation& w) {
     ColumnTables& tables = w.graphs.columnTables;
     if (key == tables.coloursKey) return;
     tables.coloursKey = std::move(key);
-    tables.firstValue = FirstCountOf(-HighestValue - 1, divisor);
-    const std::int32_t behind = FirstCountOf(std::int64_t{HighestValue} + 1, divisor);
+    // Below the lowest limit nothing is drawn; from there on each value is of some class.
+    const std::int64_t lowest = std::clamp<std::int64_t>(
+        *std::ranges::min_element(settings.Clouds_Limit), -HighestValue - 1, HighestValue + 1);
+    tables.firstValue = FirstCountOf(lowest, divisor);
+    const std::int32_t behind = FirstCountOf(HighestValue + 1, divisor);
     tables.colours.assign(static_cast<std::size_t>(behind - tables.firstValue), 0);
     for (int i = Classes - 1; i >= 0; --i) {
         const auto at = static_cast<std::size_t>(i);
@@ -74,8 +78,7 @@ double EdgeOf(int row, double profileScale, int stepIndex) {
     return StepHeight(row * 10 / profileScale, false, stepIndex) * profileScale / 10;
 }
 
-// rows[i + 1] is the pixel row of the upper edge of gate i, counted from the foot of the column; a
-// row lies between the edges of its gate and of the one below it, both included.
+// A gate lies between its own edge and that of the gate below it, and takes both edges' rows.
 void MakeRows(Workstation& w, int count, int gates, int pixelHeight) {
     const double scale = w.intake.ProfileScale;
     const int stepIndex = w.settings.Step_Linear;
@@ -85,32 +88,41 @@ void MakeRows(Workstation& w, int count, int gates, int pixelHeight) {
                             stepIndex == 0 ? 0 : scale};
     if (key == tables.rowsKey) return;
     tables.rowsKey.clear();
-    tables.rows.clear();
-    for (int row = -1; row < gates; ++row) {
-        const double y = count - 1 - EdgeOf(row, scale, stepIndex);
-        const double pixel = std::floor(y * pixelHeight / (count - 1) + 0.5);
-        tables.rows.push_back(ToInt32(std::clamp(pixel, -32768.0, 32767.0)));
+    tables.rows.assign(static_cast<std::size_t>(pixelHeight), RowGates());
+    const auto rowOf = [&](int gate) {
+        const double y = count - 1 - EdgeOf(gate, scale, stepIndex);
+        const double row = std::floor(y * pixelHeight / (count - 1) + 0.5);
+        return static_cast<int>(std::clamp(row, -1.0, static_cast<double>(pixelHeight)));
+    };
+    for (int gate = 0; gate < gates; ++gate) {
+        const auto [above, below] = std::minmax({rowOf(gate), rowOf(gate - 1)});
+        for (int y = std::max(above, 0); y <= std::min(below, pixelHeight - 1); ++y) {
+            RowGates& row = tables.rows[static_cast<std::size_t>(y)];
+            if (row.highest < row.lowest) row.lowest = gate;
+            row.highest = gate;
+        }
     }
     tables.rowsKey = std::move(key);
 }
 
-// Gate by gate from the foot, so that of several gates on a row the highest stands.
+// Of several gates on a row the highest that has a colour stands, as if each had been drawn over
+// those below it. From the foot upwards, in the order in which the profile lies in memory.
 void PaintColumn(const ColumnTables& tables, std::span<const std::int32_t> gates, Surface& surface,
                  int column) {
     const int width = surface.PixelWidth();
-    const int height = surface.PixelHeight();
-    if (column < 0 || column >= width || height == 0) return;
-    std::uint32_t* pixels = surface.PixelsToPaint() + column;
-    const auto values = static_cast<std::uint32_t>(tables.colours.size());
-    for (std::size_t i = 0; i < gates.size(); ++i) {
-        const auto at =
-            static_cast<std::uint32_t>(gates[i]) - static_cast<std::uint32_t>(tables.firstValue);
-        const std::uint32_t colour = at < values ? tables.colours[at] : 0;
-        if (colour == 0) continue;
-        const auto [above, below] = std::minmax(tables.rows[i], tables.rows[i + 1]);
-        const int last = std::min(below, height - 1);
-        for (int y = std::max(above, 0); y <= last; ++y) {
-            pixels[static_cast<std::ptrdiff_t>(y) * width] = colour;
+    if (column < 0 || column >= width) return;
+    const std::span<const std::uint32_t> colours = tables.colours;
+    const auto firstValue = static_cast<std::uint32_t>(tables.firstValue);
+    std::uint32_t* pixels = surface.PixelsToPaint();
+    auto pixel = static_cast<std::ptrdiff_t>(tables.rows.size()) * width + column;
+    for (const RowGates& row : std::views::reverse(tables.rows)) {
+        pixel -= width;
+        for (int gate = row.highest; gate >= row.lowest; --gate) {
+            const std::uint32_t at =
+                static_cast<std::uint32_t>(gates[static_cast<std::size_t>(gate)]) - firstValue;
+            if (at >= colours.size()) continue;
+            pixels[pixel] = colours[at];
+            break;
         }
     }
 }

@@ -36,11 +36,17 @@ struct GridSnapshotRecord {
     std::int16_t Units = 0;
 };
 
+// The gates that fall on one row of the picture, counted from the lowest that is drawn; none when
+// the highest is below the lowest.
+struct RowGates {
+    int lowest = 0, highest = -1;
+};
+
 // How the gates of a profile fall on the rows of the picture and its values on colours; kept from
 // message to message, since both change with the settings only. Made by DrawIntensityColumn.
 struct ColumnTables {
     std::vector<double> rowsKey, coloursKey;  // what the tables were made from
-    std::vector<int> rows;                    // of the gates from the foot, behind one below it
+    std::vector<RowGates> rows;               // from the top
     std::vector<std::uint32_t> colours;       // of the profile values from firstValue on; 0: none
     std::int32_t firstValue = 0;
 };
