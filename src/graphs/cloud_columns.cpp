@@ -68,7 +68,6 @@ void MoveStrip(Workstation& w, std::int32_t shift) {
     ScrollGraph(shift, picture);
     graphs.TimeLabelsDirty = -1;
     graphs.CurrentColumn = ToInt16(static_cast<double>(graphs.CurrentColumn - shift));
-    if (graphs.CurrentColumn < 0) ClearGraph(w);
 }
 
 // Makes room for the missing columns and the message; gives how many of the missing ones are drawn.
