@@ -253,19 +253,20 @@ bool frmClouds_QueryUnload(Workstation& w) {
     return false;
 }
 
+// The mark in a box is also what says that it is chosen.
 void ChooseBox(Workstation& w, ColourBox chosen) {
-    FrmClouds& form = w.frmClouds;
     for (const BoxRow& row : BoxRows) {
-        (form.*row.box).Caption = row.box == chosen ? ChosenMark : "";
+        (w.frmClouds.*row.box).Caption = row.box == chosen ? ChosenMark : "";
     }
-    form.chosenBox = chosen;
 }
 
 // The same as a drop, for those who have no mouse to drag with.
 void ColourChosenBox(Workstation& w, ColourBox colour) {
     FrmClouds& form = w.frmClouds;
-    if (form.chosenBox == nullptr) return;
-    (form.*form.chosenBox).BackColor = (form.*colour).BackColor;
+    for (const BoxRow& row : BoxRows) {
+        Label& box = form.*row.box;
+        if (box.Caption == ChosenMark) box.BackColor = (form.*colour).BackColor;
+    }
 }
 
 // What is dropped gives its colour, if it is one of the palette.

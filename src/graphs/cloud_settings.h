@@ -34,8 +34,6 @@ struct FrmClouds : Form, HeightControls {
     std::array<OptionButton, 2> optShowGrid;  // yes, no
     Button cmdOk, Command2;
 
-    // The colour box that takes the palette's next click; null for none.
-    Label FrmClouds::*chosenBox = nullptr;
     // Message_Interval as the dialog found it, and what it made of it.
     std::int16_t intervalBefore = 0, plainInterval = 0;  // seconds
 

@@ -424,16 +424,42 @@ TEST(BackscatterSettings, CancelAndCloseBoxStoreNothing) {
     EXPECT_NE(dialog.settings.Backscatter_X_Low_Value, 500);
 }
 
-TEST(BackscatterSettings, OptionsOfTheAverageAreNumberedByTheirMessages) {
+TEST(BackscatterSettings, ScriptsFindEveryControl) {
     FrmBackScatter form;
-    int expected = 5;
-    for (const NamedControl& named : form.Controls()) {
-        if (named.name != "optNAverages") continue;
-        EXPECT_EQ(named.index, expected);
-        EXPECT_EQ(std::get<OptionButton*>(named.control)->Caption, std::to_string(expected));
-        expected += 5;
-    }
-    EXPECT_EQ(expected, 35);
+    EXPECT_EQ(form.Name, "frmBackScatter");
+    EXPECT_EQ(Names(form), (Texts{"fraDrawWidth",
+                                  "fraDrawWidth.optBackDrawWidth(0)",
+                                  "fraDrawWidth.optBackDrawWidth(1)",
+                                  "fraDrawWidth.optBackDrawWidth(2)",
+                                  "fraShowGrid",
+                                  "fraShowGrid.optShowGrid(0)",
+                                  "fraShowGrid.optShowGrid(1)",
+                                  "fraAverages",
+                                  "fraAverages.optNAverages(5)",
+                                  "fraAverages.optNAverages(10)",
+                                  "fraAverages.optNAverages(15)",
+                                  "fraAverages.optNAverages(20)",
+                                  "fraAverages.optNAverages(25)",
+                                  "fraAverages.optNAverages(30)",
+                                  "fraMode",
+                                  "fraMode.optAverageMode(0)",
+                                  "fraMode.optAverageMode(1)",
+                                  "fraMode.optAverageMode(2)",
+                                  "fraXRange",
+                                  "fraXRange.optXUser(0)",
+                                  "fraXRange.optXUser(1)",
+                                  "fraXRange.txtXLow",
+                                  "fraXRange.txtXHigh",
+                                  "fraYRange",
+                                  "fraYRange.optYUser(0)",
+                                  "fraYRange.cboYRange",
+                                  "fraYRange.optYUser(1)",
+                                  "fraYRange.txtYLow",
+                                  "fraYRange.txtYHigh",
+                                  "fraYRange.MetersLabel",
+                                  "fraYRange.FeetLabel",
+                                  "cmdOk",
+                                  "Command2"}));
 }
 
 }  // namespace

@@ -64,4 +64,15 @@ inline std::vector<std::string> Captions(std::span<const OptionButton> options) 
     return captions;
 }
 
+// The controls as a script names them, each with the frame that it lies in: "fraMode.optMode(1)".
+inline std::vector<std::string> Names(Form& form) {
+    std::vector<std::string> names;
+    for (const NamedControl& named : form.Controls()) {
+        std::string name = named.parent.empty() ? named.name : named.parent + "." + named.name;
+        if (named.index >= 0) name += "(" + std::to_string(named.index) + ")";
+        names.push_back(name);
+    }
+    return names;
+}
+
 }  // namespace cumeron
