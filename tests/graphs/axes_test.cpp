@@ -2,8 +2,9 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/scripted/scripted_machine.h"
-#include "workstation.h"
+#include <cmath>
+
+#include "graphs/graph_station.h"
 
 namespace cumeron {
 namespace {
@@ -58,6 +59,440 @@ TEST(SetGraphCaptions, UnitAndTiltPickTheImageAndTheCaption) {
         EXPECT_EQ(w.graphs.UnitLabel, c.unit);
         EXPECT_EQ(w.frmMain.fraValues.Caption, std::string("Instant Values ") + c.unit);
     }
+}
+
+// ---- Height axes ----
+
+// A label strip of 44 x height pixels.
+struct HeightStation : GraphStation {
+    explicit HeightStation(int height = 255, int model = 20) : GraphStation(100, height, model) {}
+    Surface& Strip() { return w.frmMain.picYLabels; }
+    void Draw(double low, double high, Plot plot = CloudPlot) {
+        DrawHeightAxis(w, low, high, Strip(), 0, false, plot);
+    }
+    // "text@row" of each label, where its tick stands; the label begins 8 pixels above it.
+    std::string Labels(const Surface& strip) {
+        std::string labels;
+        for (const PrintedText& printed : strip.Printed()) {
+            EXPECT_EQ(printed.x, 3);
+            labels += printed.text + "@" + std::to_string(printed.y + 8) + " ";
+        }
+        return labels;
+    }
+    std::string Labels() { return Labels(Strip()); }
+    std::string Texts() {
+        std::string texts;
+        for (const std::string& text : TextsOf(Strip())) texts += text + " ";
+        return texts;
+    }
+};
+
+TEST(DrawHeightAxis, StepsAreOneDigitOfATenthOfTheRange) {
+    const struct {
+        const char* what;
+        double low, high;
+        const char* labels;
+    } cases[] = {
+        {"25.5: 26 and then 3", 0, 25.5, "3K 6K 9K 12K 15K 18K 21K 24K "},
+        {"24.4: 24 and then 2", 0, 24.4, "2K 4K 6K 8K 10K 12K 14K 16K 18K 20K 22K 24K "},
+        {"25: halves go to the even 2", 0, 25, "2K 4K 6K 8K 10K 12K 14K 16K 18K 20K 22K 24K "},
+        {"75.1: one digit of 8", 0, 75.1, "8K 16K 24K 32K 40K 48K 56K 64K 72K "},
+        {"160: one digit of 16", 0, 160,
+         "10K 20K 30K 40K 50K 60K 70K 80K 90K 100K 110K 120K 130K 140K 150K 160K "},
+        {"7.7 kilometres", 0, 7.7, "1K 2K 3K 4K 5K 6K 7K "},
+        {"6: the least range of whole steps", 0, 6, "1K 2K 3K 4K 5K 6K "},
+        {"5: tenths", 0, 5, "0.5K 1K 1.5K 2K 2.5K 3K 3.5K 4K 4.5K 5K "},
+        {"3: tenths", 0, 3, "0.3K 0.6K 0.9K 1.2K 1.5K 1.8K 2.1K 2.4K 2.7K 3K "},
+        {"12.6 from 2.4 on", 2.4, 15, "3K 4K 5K 6K 7K 8K 9K 10K 11K 12K 13K 14K 15K "},
+        {"tenths from 3 on; 1.8 / 0.2 is a hair below 9", 3, 5,
+         "3.2K 3.4K 3.6K 3.8K 4K 4.2K 4.4K 4.6K 4.8K "},
+        {"below the ground", -8, 4, "-7K -6K -5K -4K -3K -2K -1K 0K 1K 2K 3K 4K "},
+        {"tenths on both sides", -1, 1, "-0.8K -0.6K -0.4K -0.2K 0K 0.2K 0.4K 0.6K 0.8K 1K "},
+        {"less than a half: no step", 0, 0.4, ""},
+        {"nothing", 7, 7, ""},
+    };
+    for (const auto& c : cases) {
+        HeightStation station;
+        station.Draw(c.low, c.high);
+        EXPECT_EQ(station.Texts(), c.labels) << c.what;
+    }
+}
+
+TEST(DrawHeightAxis, TicksAndLabelsStandAtTheirHeights) {
+    HeightStation station;
+    station.Draw(0, 25.5);
+    EXPECT_EQ(station.Labels(), "3K@225 6K@195 9K@165 12K@135 15K@105 18K@75 21K@45 24K@15 ");
+    for (int y = 0; y < 255; ++y) {
+        const bool tick = y >= 15 && (255 - y) % 30 == 0;
+        EXPECT_EQ(RowOf(station.Strip(), y), std::string(39, '.') + (tick ? "#####" : "....."))
+            << y;
+    }
+}
+
+TEST(DrawHeightAxis, ALowLimitIsTheFootAndATopLabelStandsAboveItsTick) {
+    HeightStation station(200);
+    station.Draw(4, 14);
+    EXPECT_EQ(station.Labels(),
+              "5K@180 6K@160 7K@140 8K@120 9K@100 10K@80 11K@60 12K@40 13K@20 14K@0 ");
+    EXPECT_EQ(RowOf(station.Strip(), 0), std::string(39, '.') + "#####");
+}
+
+TEST(DrawHeightAxis, AsAGridLinesGoAcrossInDots) {
+    HeightStation station;
+    Surface& picture = station.Picture();
+    DrawHeightAxis(station.w, 0, 25.5, picture, 4, true, CloudPlot);
+    EXPECT_TRUE(picture.Printed().empty());
+    for (int y = 0; y < 255; ++y) {
+        for (int x = 0; x < 100; ++x) {
+            const bool line = y >= 15 && (255 - y) % 30 == 0 && x % 2 == 0;
+            ASSERT_EQ(picture.Pixel(x, y), line ? QBColor(4) : White) << x << ' ' << y;
+        }
+    }
+}
+
+TEST(DrawHeightAxis, TheStepScaleHasTwelveTicksAlways) {
+    const struct {
+        std::int16_t step, units;
+        const char* labels;
+    } cases[] = {
+        {1, 0, "1K 2K 3K 4K 5K 6K 7K 8K 9K 10K 11K 12K "},
+        {2, 0, "2K 4K 6K 8K 10K 12K 14K 16K 18K 20K 22K 24K "},
+        {3, 0, "4K 8K 12K 16K 20K 24K 28K 32K 36K 40K 44K 48K "},
+        {4, 0, "6K 12K 18K 24K 30K 36K 42K 48K 54K 60K 66K 72K "},
+        {1, 1, "0.3K 0.6K 0.9K 1.2K 1.5K 1.8K 2.1K 2.4K 2.7K 3K 3.3K 3.6K "},
+        {2, 1, "0.6K 1.2K 1.8K 2.4K 3K 3.6K 4.2K 4.8K 5.4K 6K 6.6K 7.2K "},
+        {3, 1, "1.2K 2.4K 3.6K 4.8K 6K 7.2K 8.4K 9.6K 10.8K 12K 13.2K 14.4K "},
+        {4, 1, "1.8K 3.6K 5.4K 7.2K 9K 10.8K 12.6K 14.4K 16.2K 18K 19.8K 21.6K "},
+        {1, 2, "1K 2K 3K 4K 5K 6K 7K 8K 9K 10K 11K 12K "},
+    };
+    for (const auto& c : cases) {
+        for (const Plot plot : {CloudPlot, ProfilePlot}) {
+            HeightStation station;
+            station.w.settings.Units = c.units;
+            (plot == CloudPlot ? station.w.settings.Step_Linear
+                               : station.w.settings.Back_Step_Linear) = c.step;
+            station.Draw(0, 12.8, plot);
+            EXPECT_EQ(station.Texts(), c.labels) << c.step << ' ' << c.units << ' ' << plot;
+            station.Strip().Cls();
+            station.Draw(0, 5, plot == CloudPlot ? ProfilePlot : CloudPlot);
+            EXPECT_EQ(station.Texts(), "0.5K 1K 1.5K 2K 2.5K 3K 3.5K 4K 4.5K 5K ")
+                << "the scale of the other plot";
+        }
+    }
+}
+
+// 128 height steps on 1280 pixels: a tenth of a step to the pixel.
+TEST(DrawHeightAxis, TicksOfTheStepScaleStandWhereItsHeightsAre) {
+    HeightStation feet(1280);
+    feet.w.settings.Step_Linear = 1;
+    feet.Draw(0, 12.8);
+    std::string expected;
+    for (int i = 1; i <= 12; ++i) {
+        const int row = 1280 - StepHeight(100 * i, false, 1);
+        expected += std::to_string(i) + "K@" + std::to_string(row) + " ";
+        EXPECT_EQ(RowOf(feet.Strip(), row), std::string(39, '.') + "#####") << i;
+    }
+    EXPECT_EQ(feet.Labels(), expected);
+
+    HeightStation metres(388);  // 12.8 / 3.3 kilometres
+    metres.w.settings.Step_Linear = metres.w.settings.Units = 1;
+    metres.Draw(0, 3.88);
+    EXPECT_EQ(metres.Labels().substr(0, 16), "0.3K@320 0.6K@25");
+    EXPECT_EQ(388 - StepHeight(30, true, 1), 320);
+}
+
+TEST(DrawHeightAxis, StepsAreDrawnInBlackWhateverTheColour) {
+    HeightStation station;
+    station.w.settings.Step_Linear = 1;
+    DrawHeightAxis(station.w, 0, 12.8, station.Picture(), 4, true, CloudPlot);
+    EXPECT_EQ(station.Picture().ForeColor, Black);
+    int black = 0;
+    for (int y = 0; y < 255; ++y) black += station.Picture().Pixel(0, y) == Black ? 1 : 0;
+    EXPECT_EQ(black, 12);
+    EXPECT_EQ(station.Picture().Pixel(1, 5), White);
+}
+
+TEST(DrawHeightAxis, LeavesTheSurfaceAsItWas) {
+    for (const std::int16_t step : {std::int16_t{0}, std::int16_t{1}}) {
+        for (const bool asGrid : {false, true}) {
+            HeightStation station;
+            station.w.settings.Step_Linear = step;
+            Surface& surface = station.Strip();
+            surface.ScaleMode = 0;
+            surface.ScaleLeft = 1, surface.ScaleTop = 2, surface.ScaleWidth = 3;
+            surface.ScaleHeight = 4;
+            surface.DrawWidth = 5;
+            surface.DrawStyle = 2;
+            DrawHeightAxis(station.w, 0, 12.8, surface, 4, asGrid, CloudPlot);
+            EXPECT_EQ(surface.ScaleMode, 0);
+            EXPECT_EQ(surface.ScaleLeft, 1);
+            EXPECT_EQ(surface.ScaleTop, 2);
+            EXPECT_EQ(surface.ScaleWidth, 3);
+            EXPECT_EQ(surface.ScaleHeight, 4);
+            EXPECT_EQ(surface.DrawStyle, 0);
+            EXPECT_EQ(surface.DrawWidth, 1);
+            EXPECT_EQ(surface.ForeColor, step == 0 ? QBColor(4) : Black);
+            // A solid tick, or every second pixel.
+            const int row = step == 0 ? 235 : surface.PixelHeight() - 45;
+            EXPECT_EQ(RowOf(surface, row).substr(40, 2),
+                      asGrid ? (step == 0 ? "?." : "#.") : (step == 0 ? "??" : "##"));
+        }
+    }
+}
+
+TEST(DrawHeightAxis, ASurfaceOfNothingTakesIt) {
+    for (const std::int16_t step : {std::int16_t{0}, std::int16_t{1}}) {
+        HeightStation station;
+        station.w.settings.Step_Linear = step;
+        GraphStation::Size(station.Strip(), 44, 0);
+        station.Draw(0, 12.8);
+        GraphStation::Size(station.Strip(), 0, 60);
+        station.Draw(0, 12.8);
+        EXPECT_EQ(station.Strip().PixelWidth(), 0);
+    }
+}
+
+TEST(DrawCloudHeightLabels, AreThousandsOfFeetOrKilometres) {
+    const struct {
+        int model;
+        std::int16_t units;
+        const char* last;
+        std::size_t count;
+    } cases[] = {
+        {20, 0, "24K", 8},  {20, 1, "7K", 7},  {70, 0, "72K", 9},  {70, 1, "22K", 11},
+        {30, 0, "24K", 8},  {30, 1, "7K", 7},  {50, 0, "50K", 10}, {50, 1, "14K", 7},
+        {60, 0, "50K", 10}, {60, 1, "14K", 7}, {10, 0, "12K", 12}, {10, 2, "3.6K", 9},
+    };
+    for (const auto& c : cases) {
+        HeightStation station(255, c.model);
+        station.w.settings.Units = c.units;
+        DrawCloudHeightLabels(station.w);
+        const auto texts = TextsOf(station.Strip());
+        ASSERT_EQ(texts.size(), c.count) << c.model << ' ' << c.units;
+        EXPECT_EQ(texts.back(), c.last) << c.model << ' ' << c.units;
+    }
+}
+
+// 257 steps of a KN are 7.713 kilometres, 255 of an RV 7.727: the divisors are not the same.
+TEST(DrawCloudHeightLabels, StandWhereTheirHeightsAre) {
+    HeightStation kn(2570, 30);
+    kn.w.settings.Units = 1;
+    DrawCloudHeightLabels(kn.w);
+    EXPECT_EQ(kn.Labels(), "1K@2237 2K@1904 3K@1570 4K@1237 5K@904 6K@571 7K@238 ");
+    HeightStation rv(2550, 20);
+    rv.w.settings.Units = 1;
+    DrawCloudHeightLabels(rv.w);
+    EXPECT_EQ(rv.Labels(), "1K@2220 2K@1890 3K@1560 4K@1230 5K@900 6K@570 7K@240 ");
+    rv.w.settings.Units = 0;
+    rv.Graphs().CloudYLow = 100;
+    rv.Graphs().CloudYHigh = 200;
+    rv.Strip().Cls();
+    DrawCloudHeightLabels(rv.w);
+    EXPECT_EQ(rv.Labels().substr(0, 17), "11K@2295 12K@2040");
+}
+
+TEST(DrawSnapshotHeights, AreThoseOfTheSnapshot) {
+    HeightStation station(240);
+    station.Graphs().GridSnapshot = {0, 120, 0, 0, 0};
+    station.w.settings.Units = 1;
+    DrawSnapshotHeights(station.w, station.Picture());
+    for (int y = 0; y < 240; ++y) {  // a line each 1000 ft of 12
+        EXPECT_EQ(station.Picture().Pixel(0, y), y % 20 == 0 ? Black : White) << y;
+        EXPECT_EQ(station.Picture().Pixel(1, y), White) << y;
+    }
+    station.Picture().Cls();
+    station.Graphs().GridSnapshot = {0, 128, 0, 0, 1};
+    station.w.settings.Units = 0;
+    station.w.settings.Step_Linear = 1;
+    DrawSnapshotHeights(station.w, station.Picture());
+    const int row = static_cast<int>(
+        std::floor(240 - StepHeight(30, true, 1) / 10.0 / (128 / 33.0 * 10) * 240 + 0.5));
+    EXPECT_EQ(station.Picture().Pixel(0, row), Black) << "the heights of metres";
+}
+
+// ---- The axes of the profile plot ----
+
+struct ProfileAxisStation : HeightStation {
+    ProfileAxisStation(int low, int high, int width) : HeightStation(255) {
+        w.graphs.ProfileXLow = static_cast<std::int16_t>(low);
+        w.graphs.ProfileXHigh = static_cast<std::int16_t>(high);
+        GraphStation::Size(XStrip(), width, 34);
+        GraphStation::Size(w.frmMain.picLines, width + 2, 255);
+    }
+    Surface& XStrip() { return w.frmMain.picXLabelsBack; }
+    std::string XLabels() {
+        std::string labels;
+        for (const PrintedText& printed : XStrip().Printed()) {
+            EXPECT_EQ(printed.y, 34 - 18);
+            labels += printed.text + "@" + std::to_string(printed.x) + " ";
+        }
+        return labels;
+    }
+    std::string XTicks() {
+        std::string ticks;
+        for (int x = 0; x < XStrip().PixelWidth(); ++x) {
+            const auto length = ColumnOf(XStrip(), x).find('.');
+            if (length != 0) ticks += std::to_string(x) + ":" + std::to_string(length) + " ";
+        }
+        return ticks;
+    }
+};
+
+TEST(DrawProfileAxes, StepsOfTheXAxisAreOneRoundedDigit) {
+    const struct {
+        const char* what;
+        int low, high, width;
+        const char* labels;
+    } cases[] = {
+        {"a step of 200, each second of ten", -1000, 1000, 500,
+         "-8@46 -6@96 -4@146 -2@196 0@246 2@296 4@346 6@396 8@446 "},
+        {"a step of 100", 0, 1000, 500, "1@46 2@96 3@146 4@196 5@246 6@296 7@346 8@396 9@446 "},
+        {"65400: 6540 and then 7000", -32700, 32700, 654,
+         "-280@35 -210@105 -140@175 -70@249 0@323 70@389 140@455 210@525 280@595 "},
+        {"1600: 160 is rounded to 200", 0, 1600, 800,
+         "2@96 4@196 6@296 8@396 10@492 12@592 14@692 "},
+        {"1499: 150 is rounded to 200", 0, 1499, 1499,
+         "2@196 4@396 6@596 8@796 10@992 12@1192 14@1392 "},
+        {"1440: 144 would be more than ten of 100", 0, 1440, 720,
+         "1@46 3@146 5@246 7@346 9@446 11@542 13@642 "},
+        {"hundredths", 0, 10, 500,
+         "0.01@38 0.02@88 0.03@138 0.04@188 0.05@238 0.06@288 0.07@338 "
+         "0.08@388 0.09@438 "},
+        {"tenths below nought", -20, 0, 500,
+         "-0.18@38 -0.16@88 -0.14@138 -0.12@188 -0.1@242 -0.08@288 "
+         "-0.06@338 -0.04@388 -0.02@438 "},
+        {"narrow: each second tick", 0, 1000, 200, "2@36 4@76 6@116 8@156 "},
+        {"narrower: each fourth", 0, 1000, 70, "4@24 8@52 "},
+        {"very narrow: none", 0, 1000, 20, ""},
+    };
+    for (const auto& c : cases) {
+        ProfileAxisStation station(c.low, c.high, c.width);
+        DrawProfileAxes(station.w);
+        EXPECT_EQ(station.XLabels(), c.labels) << c.what;
+    }
+}
+
+// It wants as many pixels as it has digits, to the right of its tick.
+TEST(DrawProfileAxes, ALabelThatDoesNotFitIsLeftOut) {
+    const struct {
+        int low, high;  // 955 plot units, each a pixel
+        const char* last;
+    } cases[] = {
+        {-54, 901, "9@950"}, {-55, 900, "8@851"}, {47, 1002, "10@945"}, {46, 1001, "9@850"}};
+    for (const auto& c : cases) {
+        ProfileAxisStation station(c.low, c.high, 955);
+        DrawProfileAxes(station.w);
+        const std::string labels = " " + station.XLabels();
+        EXPECT_EQ(labels.substr(labels.rfind(' ', labels.size() - 2) + 1),
+                  c.last + std::string(" "))
+            << c.high;
+    }
+}
+
+TEST(DrawProfileAxes, TicksHangFromTheUpperEdge) {
+    ProfileAxisStation station(0, 1000, 500);
+    DrawProfileAxes(station.w);
+    EXPECT_EQ(station.XTicks(), "50:8 100:8 150:8 200:8 250:8 300:8 350:8 400:8 450:8 ");
+}
+
+TEST(DrawProfileAxes, GridLinesCountInTheWidthOfThePlot) {
+    ProfileAxisStation station(0, 1000, 500);
+    DrawProfileAxes(station.w);
+    EXPECT_TRUE(IsAll(station.w.frmMain.picLines, White));
+    for (const std::int16_t shown : {std::int16_t{-1}, std::int16_t{2}}) {
+        station.w.settings.Backscatter_Show_Grid = shown;
+        DrawProfileAxes(station.w);
+        EXPECT_TRUE(IsAll(station.w.frmMain.picLines, White)) << "1 alone is yes";
+    }
+    station.w.settings.Backscatter_Show_Grid = 1;
+    DrawProfileAxes(station.w);
+    const Surface& plot = station.w.frmMain.picLines;  // 502 x 255
+    for (int x = 0; x < 502; ++x) {
+        bool line = false;
+        for (int i = 1; i <= 10; ++i) line = line || x == std::lround(50.2 * i);
+        EXPECT_EQ(plot.Pixel(x, 1), line ? Black : White) << x;
+        EXPECT_EQ(plot.Pixel(x, 2), White) << "dots";
+        EXPECT_EQ(plot.Pixel(x, 253), line ? Black : White) << x;
+    }
+    EXPECT_EQ(RowOf(plot, 15).substr(0, 9), "#.#.#.#.#") << "24,000 ft";
+    EXPECT_TRUE(plot.Printed().empty());
+}
+
+// 250 pixels and two more of the strip's border leave each tick its room; the plot has no border.
+TEST(DrawProfileAxes, TicksAreThinnedByTheWidthOfTheirSurface) {
+    ProfileAxisStation station(0, 1000, 249);
+    station.w.settings.Backscatter_Show_Grid = 1;
+    GraphStation::Size(station.w.frmMain.picLines, 250, 255);
+    DrawProfileAxes(station.w);
+    EXPECT_EQ(station.XStrip().Printed().size(), 9U) << "251 of 250 for ten ticks";
+    int lines = 0;
+    for (int x = 0; x < 250; ++x) lines += station.w.frmMain.picLines.Pixel(x, 1) == Black ? 1 : 0;
+    EXPECT_EQ(lines, 4) << "250 of 250: each second, the last behind the edge";
+}
+
+TEST(DrawProfileAxes, HeightsAreThoseOfThePlot) {
+    ProfileAxisStation station(0, 1000, 500);
+    station.w.frmMain.picYLabels.Print("old");
+    station.Graphs().ProfileYLow = 0;
+    station.Graphs().ProfileYHigh = 120;
+    DrawProfileAxes(station.w);
+    Surface& strip = station.w.frmMain.picYLabelsBack;
+    EXPECT_EQ(station.Labels(strip).substr(0, 14), "1K@234 2K@213 ");
+    EXPECT_EQ(strip.Printed().size(), 12U);
+    station.w.settings.Units = 1;
+    strip.Cls();
+    DrawProfileAxes(station.w);
+    EXPECT_EQ(TextsOf(strip).back(), "3.6K");
+    EXPECT_EQ(TextsOf(station.w.frmMain.picYLabels), std::vector<std::string>{"old"});
+}
+
+TEST(DrawProfileAxes, RaisesDivisionWithoutAStep) {
+    const struct {
+        const char* what;
+        int low, high, width;
+        double labels;
+        int error;
+    } cases[] = {
+        {"a range of 4", 0, 4, 500, 500, 11},
+        {"5: halves to even", 0, 5, 500, 500, 11},
+        {"a range of 6", 0, 6, 500, 500, 0},
+        {"nothing", 7, 7, 500, 500, 11},
+        {"the wrong way round", 100, 0, 500, 500, 11},
+        {"a strip of nothing", 0, 100, 500, -2, 11},
+        {"a strip of one pixel", 0, 100, 1, 1, 0},
+        {"the full range", -32700, 32700, 500, 500, 0},
+        {"all that 16 bits hold", -32768, 32767, 500, 500, 0},
+    };
+    for (const auto& c : cases) {
+        ProfileAxisStation station(c.low, c.high, c.width);
+        station.XStrip().Width = c.labels;
+        EXPECT_EQ(ErrorOf([&] { DrawProfileAxes(station.w); }), c.error) << c.what;
+    }
+}
+
+TEST(DrawProfileAxes, LeavesTheSurfacesAsTheyWere) {
+    ProfileAxisStation station(0, 1000, 500);
+    station.w.settings.Backscatter_Show_Grid = 1;
+    for (Surface* surface : {&station.XStrip(), &station.w.frmMain.picLines}) {
+        surface->ScaleMode = 0;
+        surface->ScaleLeft = 1, surface->ScaleTop = 2, surface->ScaleWidth = 3;
+        surface->ScaleHeight = 4;
+        surface->DrawWidth = 5;
+        surface->DrawStyle = 2;
+        surface->ForeColor = Red;
+    }
+    DrawProfileAxes(station.w);
+    for (const Surface* surface : {&station.XStrip(), &station.w.frmMain.picLines}) {
+        EXPECT_EQ(surface->ScaleMode, 0);
+        EXPECT_EQ(surface->ScaleLeft, 1);
+        EXPECT_EQ(surface->ScaleTop, 2);
+        EXPECT_EQ(surface->ScaleWidth, 3);
+        EXPECT_EQ(surface->ScaleHeight, 4);
+        EXPECT_EQ(surface->DrawWidth, 1);
+        EXPECT_EQ(surface->DrawStyle, 0);
+        EXPECT_EQ(surface->ForeColor, Black);
+    }
+    EXPECT_EQ(station.XTicks().substr(0, 5), "50:8 ") << "solid";
 }
 
 }  // namespace
