@@ -1,25 +1,14 @@
-// The cloud graph as a strip of columns: where each message goes, what stands between two of them,
-// and the redraw from the history.
+// The cloud graph as a strip of columns: where each message goes, and what stands between two of
+// them.
 #include "graphs/cloud_columns.h"
 
 #include <gtest/gtest.h>
 
-#include <functional>
-
 #include "graphs/graph_station.h"
 #include "graphs/time_axis.h"
-#include "shell/main_window.h"
 
 namespace cumeron {
 namespace {
-
-// A row in which gap marks, position mark and columns all show, and one that columns alone reach.
-std::string Foot(GraphStation& station) {
-    return RowOf(station.Picture(), station.Picture().PixelHeight() - 3);
-}
-std::string Middle(GraphStation& station) {
-    return RowOf(station.Picture(), station.Picture().PixelHeight() / 2);
-}
 
 // ---- Columns and gaps ----
 
@@ -57,10 +46,10 @@ TEST(AddGraphColumn, MissingMessagesLeaveGapMarks) {
         EXPECT_EQ(station.Graphs().LastGraphTime, station.Graphs().MessageTime) << c.what;
         std::string foot = "#" + std::string(static_cast<std::size_t>(c.missing), 'R') + "#G";
         foot.resize(100, '.');
-        EXPECT_EQ(Foot(station), foot) << c.what;
+        EXPECT_EQ(FootOf(station.Picture()), foot) << c.what;
         std::string middle = "#" + std::string(static_cast<std::size_t>(c.missing), '.') + "#";
         middle.resize(100, '.');
-        EXPECT_EQ(Middle(station), middle) << c.what;
+        EXPECT_EQ(MiddleOf(station.Picture()), middle) << c.what;
     }
 }
 
@@ -69,7 +58,7 @@ TEST(AddGraphColumn, TheFirstMessageHasNoGapHoweverLateItIs) {
     station.Message(0);
     station.Graphs().LastGraphTime = 0;
     station.Message(30 * 86400.0);
-    EXPECT_EQ(Foot(station).substr(0, 4), "##G.");
+    EXPECT_EQ(FootOf(station.Picture()).substr(0, 4), "##G.");
 }
 
 TEST(AddGraphColumn, AGapAsLongAsTheGraphFillsAllButItsMargin) {
@@ -81,8 +70,8 @@ TEST(AddGraphColumn, AGapAsLongAsTheGraphFillsAllButItsMargin) {
         GraphStation station(20);
         station.Message(0);
         station.Message(c.seconds);
-        EXPECT_EQ(Foot(station), "RRRRRRRRRRRRRRRRR#G.") << c.what;
-        EXPECT_EQ(Middle(station), ".................#..") << c.what;
+        EXPECT_EQ(FootOf(station.Picture()), "RRRRRRRRRRRRRRRRR#G.") << c.what;
+        EXPECT_EQ(MiddleOf(station.Picture()), ".................#..") << c.what;
         EXPECT_EQ(station.Graphs().CurrentColumn, 18) << c.what;
         EXPECT_EQ(station.Graphs().TimeLabelsDirty, -1) << c.what;
     }
@@ -92,9 +81,9 @@ TEST(AddGraphColumn, AGapAsLongAsTheGraphFillsAllButItsMargin) {
 TEST(AddGraphColumn, AGapInAFullGraphMovesIt) {
     GraphStation station(20);
     for (int i = 0; i < 15; ++i) station.Message(15 * i, i < 4 ? 100 : 1000);
-    ASSERT_EQ(Foot(station), "aaaa###########G....");
+    ASSERT_EQ(FootOf(station.Picture()), "aaaa###########G....");
     station.Message(14 * 15 + 6 * 15);
-    EXPECT_EQ(Foot(station), "a###########RRRRR#G.");
+    EXPECT_EQ(FootOf(station.Picture()), "a###########RRRRR#G.");
     EXPECT_EQ(station.Graphs().CurrentColumn, 18);
     EXPECT_EQ(station.Graphs().TimeLabelsDirty, 0) << "the axis was brought up to date";
 }
@@ -107,8 +96,9 @@ TEST(AddGraphColumn, TheMarginFollowsThePointSize) {
         for (int i = 0; i < 25; ++i) station.Message(15 * i);
         EXPECT_EQ(station.Graphs().CurrentColumn, 20 - margin + 1) << size;
         const auto used = static_cast<std::size_t>(20 - margin + 1);
-        EXPECT_EQ(Foot(station), std::string(used, '#') + "G" +
-                                     std::string(static_cast<std::size_t>(margin) - 2, '.'))
+        EXPECT_EQ(
+            FootOf(station.Picture()),
+            std::string(used, '#') + "G" + std::string(static_cast<std::size_t>(margin) - 2, '.'))
             << size;
     }
 }
@@ -116,12 +106,12 @@ TEST(AddGraphColumn, TheMarginFollowsThePointSize) {
 TEST(AddGraphColumn, AFullGraphMovesByOneColumnForEachMessage) {
     GraphStation station(20);
     for (int i = 0; i < 18; ++i) station.Message(15 * i, i % 3 == 0 ? 100 : 1000);
-    ASSERT_EQ(Middle(station), "a##a##a##a##a##a##..");
+    ASSERT_EQ(MiddleOf(station.Picture()), "a##a##a##a##a##a##..");
     station.Graphs().TimeLabelsDirty = 0;
     station.w.frmMain.picXLabels.Print("old");
     station.Message(15 * 18, 200);
-    EXPECT_EQ(Middle(station), "##a##a##a##a##a##b..");
-    EXPECT_EQ(Foot(station), "##a##a##a##a##a##bG.");
+    EXPECT_EQ(MiddleOf(station.Picture()), "##a##a##a##a##a##b..");
+    EXPECT_EQ(FootOf(station.Picture()), "##a##a##a##a##a##bG.");
     EXPECT_EQ(station.Graphs().CurrentColumn, 18);
     for (const std::string& text : TextsOf(station.w.frmMain.picXLabels)) EXPECT_NE(text, "old");
 }
@@ -246,7 +236,7 @@ TEST(AddGraphColumn, CompressionLetsMessagesShareAColumn) {
             EXPECT_EQ(station.Graphs().MarkerColumn, c.columns[i]) << c.compress << ' ' << i;
             EXPECT_EQ(station.Graphs().CompressPhase, c.phases[i]) << c.compress << ' ' << i;
         }
-        EXPECT_EQ(Middle(station).substr(0, 7), c.middle) << c.compress;
+        EXPECT_EQ(MiddleOf(station.Picture()).substr(0, 7), c.middle) << c.compress;
     }
 }
 
@@ -260,161 +250,6 @@ TEST(AddGraphColumn, ThePhaseWaitsWhileNothingIsShared) {
     station.w.settings.Compress = 1;  // more than this one counts to
     station.Message(15);
     EXPECT_EQ(station.Graphs().CompressPhase, 0);
-}
-
-// ---- Back ----
-
-TEST(AddGraphColumnBack, GoesOneColumnBackForEachMessage) {
-    GraphStation station(20);
-    for (int i = 0; i < 6; ++i) station.Message(15 * i);
-    ASSERT_EQ(Foot(station).substr(0, 8), "######G.");
-    station.MessageBack(15 * 4, 100);
-    EXPECT_EQ(station.Graphs().CurrentColumn, 5);
-    EXPECT_EQ(station.Graphs().MarkerColumn, 5);
-    EXPECT_EQ(Middle(station).substr(0, 8), "####a#..");
-    EXPECT_EQ(station.Graphs().LastGraphTime, station.Graphs().MessageTime);
-    station.MessageBack(15 * 3, 200);
-    EXPECT_EQ(Middle(station).substr(0, 8), "###ba#..");
-    EXPECT_EQ(station.Graphs().CurrentColumn, 4);
-    station.Message(15 * 4, 350);
-    EXPECT_EQ(Middle(station).substr(0, 8), "###bc#..") << "and forward again";
-}
-
-TEST(AddGraphColumnBack, PaintsWhateverTheMessageIs) {
-    GraphStation station(20);
-    station.Message(0);
-    station.Message(15);
-    station.w.intake.MessageId = 99;
-    station.MessageBack(0, 100);
-    EXPECT_EQ(Middle(station).substr(0, 3), "a#.");
-    station.Message(15);
-    station.w.intake.MessageId = -1;
-    station.w.settings.Cloudmode = 1;
-    station.w.frmMain.CloudValue[0].Caption = "12750";
-    station.Picture().Cls();
-    station.Graphs().MarkerColumn = -1;
-    station.MessageBack(0, 100);
-    EXPECT_FALSE(IsAll(station.Picture(), White));
-    EXPECT_NE(ColumnOf(station.Picture(), 0), std::string(60, '.'));
-}
-
-TEST(AddGraphColumnBack, GapsAreCountedBackwards) {
-    const struct {
-        const char* what;
-        double seconds;  // before the message on screen, at an interval of 10 s
-        const char* foot;
-        bool labelsDirty;
-    } cases[] = {
-        {"on time", -10, "########a##", false},
-        {"1.4 intervals", -14, "########a##", false},
-        {"1.5 intervals", -15, "#######aR##", false},
-        {"2 intervals", -20, "#######aR##", false},
-        {"4 intervals", -40, "#####aRRR##", false},
-        {"the same moment", 0, "########a##", false},
-        {"a moment later", 4, "########a##", false},
-        {"an interval later", 10, "########a##", true},
-        {"a year later", 365 * 86400.0, "########a##", true},
-    };
-    for (const auto& c : cases) {
-        GraphStation station(20);
-        station.w.settings.Message_Interval = 10;
-        for (int i = 0; i < 11; ++i) station.Message(10 * i);
-        station.MessageBack(90, 1000);
-        station.Graphs().TimeLabelsDirty = 0;
-        const int column = station.Graphs().CurrentColumn;
-        ASSERT_EQ(column, 10);
-        DrawPositionMark(station.Picture(), 10);  // out of the way of the expected letters
-        station.Graphs().MarkerColumn = -1;
-        station.MessageBack(90 + c.seconds, 100);
-        const auto mark = static_cast<std::size_t>(station.Graphs().MarkerColumn);
-        EXPECT_EQ(mark, static_cast<std::size_t>(station.Graphs().CurrentColumn)) << c.what;
-        DrawPositionMark(station.Picture(), station.Graphs().MarkerColumn);
-        EXPECT_EQ(Foot(station).substr(0, 11), c.foot) << c.what;
-        EXPECT_EQ(mark, std::string(c.foot).find('a') + 1) << c.what;
-        EXPECT_EQ(station.Graphs().TimeLabelsDirty, c.labelsDirty ? -1 : 0) << c.what;
-    }
-}
-
-TEST(AddGraphColumnBack, NoGapBeforeTheFirstMessage) {
-    GraphStation station(20);
-    for (int i = 0; i < 5; ++i) station.Message(15 * i);
-    station.Graphs().LastGraphTime = 0;
-    station.MessageBack(-86400);
-    EXPECT_EQ(station.Graphs().CurrentColumn, 4);
-}
-
-TEST(AddGraphColumnBack, AtTheLeftEdgeThePictureMovesRight) {
-    GraphStation station(20);
-    for (int i = 0; i < 3; ++i) station.Message(15 * i);
-    station.MessageBack(15, 100);
-    station.MessageBack(0, 200);
-    ASSERT_EQ(Middle(station), "ba#.................");
-    station.w.frmMain.picXLabels.Print("old");
-    station.MessageBack(-15, 350);
-    EXPECT_EQ(Middle(station), "cba#................");
-    EXPECT_EQ(station.Graphs().CurrentColumn, 1);
-    EXPECT_EQ(Foot(station), "c?a#................") << "the mark lies over the message behind";
-    for (const std::string& text : TextsOf(station.w.frmMain.picXLabels)) EXPECT_NE(text, "old");
-    station.MessageBack(-15 - 4 * 15, 600);
-    EXPECT_EQ(Middle(station), "d...cba#............");
-}
-
-TEST(AddGraphColumnBack, AGapLongerThanTheGraphLeavesItEmpty) {
-    GraphStation station(20);
-    for (int i = 0; i < 3; ++i) station.Message(15 * i);
-    station.w.frmMain.picXLabels.Print("old");
-    station.MessageBack(-86400, 100);
-    EXPECT_EQ(station.Graphs().CurrentColumn, -20) << "left of the picture";
-    EXPECT_EQ(Middle(station), std::string(20, '.'));
-    EXPECT_EQ(Foot(station), "R" + std::string(19, '.'));
-    EXPECT_FALSE(TextsOf(station.w.frmMain.picXLabels) == std::vector<std::string>{"old"});
-    station.Message(-86400 + 15, 200);
-    EXPECT_EQ(station.Graphs().CurrentColumn, -19);
-}
-
-TEST(AddGraphColumnBack, CompressionStaysInTheColumnForItsMessages) {
-    const struct {
-        std::int16_t compress;
-        std::vector<int> columns, phases;  // after each step back from column 9
-    } cases[] = {
-        {0, {8, 7, 6, 5}, {0, 0, 0, 0}},
-        {1, {9, 8, 8, 7}, {1, 0, 1, 0}},
-        {2, {9, 9, 8, 8}, {1, 2, 0, 1}},
-    };
-    for (const auto& c : cases) {
-        GraphStation station(20);
-        station.w.settings.Compress = c.compress;
-        station.Graphs().CurrentColumn = 9;
-        for (std::size_t i = 0; i < c.columns.size(); ++i) {
-            station.MessageBack(0);
-            EXPECT_EQ(station.Graphs().CurrentColumn, c.columns[i]) << c.compress << ' ' << i;
-            EXPECT_EQ(station.Graphs().CompressPhase, c.phases[i]) << c.compress << ' ' << i;
-        }
-    }
-}
-
-TEST(AddGraphColumnBack, TheGridIsTakenOffBeforeAMove) {
-    GraphStation station(60, 255);
-    station.w.settings.Cloud_Show_Grid = 1;
-    station.Message(0, 0);
-    UpdateAxes(station.w);
-    station.MessageBack(-150, 0);
-    station.MessageBack(-300, 0);
-    EXPECT_EQ(station.Graphs().GridOnScreen, -1);
-    ToggleCloudGrid(station.w, station.Picture());
-    EXPECT_EQ(Middle(station), std::string(60, '.'));
-}
-
-TEST(AddGraphColumnBack, ShowsTheHourglassAndTakesItAway) {
-    GraphStation station;
-    station.Message(0);
-    station.w.frmMain.MousePointer = 7;
-    station.MessageBack(0);
-    EXPECT_EQ(station.w.frmMain.MousePointer, 0);
-    station.w.frmMain.MousePointer = 7;
-    station.w.settings.Message_Interval = 0;
-    EXPECT_EQ(ErrorOf([&] { station.MessageBack(0); }), 11);
-    EXPECT_EQ(station.w.frmMain.MousePointer, 0);
 }
 
 // ---- Marks, scrolling, clearing ----
@@ -513,264 +348,6 @@ TEST(EmptyPicture, LeavesTheStripWhereItIs) {
     EXPECT_EQ(station.Graphs().CurrentColumn, 1);
     EXPECT_EQ(station.Graphs().MarkerColumn, -1);
     EXPECT_EQ(station.Graphs().GridOnScreen, 0);
-}
-
-// ---- The redraw from the ring ----
-
-// A ring of 60 slots, 59 in use, and a graph of 100 columns.
-struct RedrawStation : GraphStation {
-    RedrawStation() { CreateHistory(w, 20); }
-
-    void Fill(int from, int to) {
-        const std::int32_t values[] = {100, 200, 350, 600};
-        for (int i = from; i < to; ++i) Record(15 * i, values[i % 4]);
-    }
-    std::string Redrawn(int count) {
-        w.graphs.HistoryRedrawCount = static_cast<std::int16_t>(count);
-        ClearGraph(w);
-        RedrawHistory(w);
-        const std::string row = Middle(*this);
-        return row.substr(0, row.find_last_not_of('.') + 1);
-    }
-};
-
-std::string Letters(int from, int to) {
-    std::string letters;
-    for (int i = from; i < to; ++i) letters += "abcd"[i % 4];
-    return letters;
-}
-
-TEST(RedrawHistory, ReplaysTheNewestRecordsInOrder) {
-    const struct {
-        const char* what;
-        int written, count, from;
-    } cases[] = {
-        {"all there is", 10, 30, 0},        {"just as many", 10, 10, 0},
-        {"fewer than there are", 10, 9, 1}, {"the newest", 10, 1, 9},
-        {"a ring that is full", 59, 59, 0}, {"full, fewer", 59, 58, 1},
-        {"begun again", 60, 59, 1},         {"around its end", 75, 30, 45},
-        {"from its end", 75, 16, 59},       {"up to its end", 75, 17, 58},
-        {"behind its end", 75, 15, 60},     {"twice round", 130, 59, 71},
-    };
-    for (const auto& c : cases) {
-        RedrawStation station;
-        station.Fill(0, c.written);
-        EXPECT_EQ(station.Redrawn(c.count), Letters(c.from, c.written)) << c.what;
-        EXPECT_EQ(station.Graphs().CurrentColumn, c.written - c.from) << c.what;
-    }
-}
-
-TEST(RedrawHistory, NothingToReplayLeavesNothingBehind) {
-    RedrawStation station;
-    station.Graphs().RedrawAbort = 1;
-    station.Graphs().LastGraphTime = 7;
-    EXPECT_EQ(station.Redrawn(30), "");
-    EXPECT_EQ(station.Graphs().RedrawAbort, 0);
-    EXPECT_EQ(station.Graphs().LastGraphTime, 7);
-    station.Fill(0, 3);
-    EXPECT_EQ(station.Redrawn(0), "");
-    EXPECT_EQ(station.w.frmMain.MousePointer, 0);
-}
-
-TEST(RedrawHistory, TheNewestRecordBecomesTheCurrentMessage) {
-    RedrawStation station;
-    station.Fill(0, 2);
-    GraphRecord& record = NextHistoryRecord(station.w);
-    record.Profile = station.Level(3000);
-    record.Valid = -1;
-    record.Time = station.noon + 30 / 86400.0;
-    record.CloudValue = {"01230", "02340", "03450", ""};
-    record.CloudText = "V-Visibility";
-    record.MessageId = 16;
-    record.Scale = 0.5;
-    station.w.intake.MessageId = 99;
-    EXPECT_EQ(station.Redrawn(30), "ab#");
-    Workstation& w = station.w;
-    EXPECT_EQ(w.graphs.MessageTime, record.Time);
-    EXPECT_EQ(w.graphs.LastGraphTime, record.Time);
-    EXPECT_EQ(w.frmMain.CloudValue[0].Caption, "01230");
-    EXPECT_EQ(w.frmMain.CloudValue[1].Caption, "02340");
-    EXPECT_EQ(w.frmMain.CloudValue[2].Caption, "03450");
-    EXPECT_EQ(w.frmMain.lblCloudtext[0].Caption, "V-Visibility");
-    EXPECT_EQ(w.intake.MessageId, 16);
-    EXPECT_EQ(w.intake.ProfileScale, 0.5);
-}
-
-TEST(RedrawHistory, RecordsComeBackWithGapsAndVerdicts) {
-    RedrawStation station;
-    station.Record(0, 100);
-    station.Record(15, 200, false);
-    station.Record(60, 350);
-    station.Graphs().LastGraphTime = station.noon - 1;
-    EXPECT_EQ(station.Redrawn(30), "a...c");
-    EXPECT_EQ(Foot(station).substr(0, 7), "aRRRcG.");
-}
-
-TEST(RedrawHistory, AMessageThereAndAfterARedrawLooksTheSame) {
-    for (const int mode : {0, 1, 2}) {
-        RedrawStation station;
-        station.w.settings.Cloudmode = static_cast<std::int16_t>(mode);
-        const std::vector<double> times = {0, 15, 30, 75, 90, 80, 95};
-        for (std::size_t i = 0; i < times.size(); ++i) {
-            const auto value = static_cast<std::int32_t>(150 * i);
-            const bool valid = i != 2;
-            station.w.frmMain.CloudValue[0].Caption = "0" + std::to_string(1000 + 1000 * i);
-            station.Record(times[i], value, valid);
-            station.Graphs().GraphHistory[i + 1].CloudValue[0] =
-                station.w.frmMain.CloudValue[0].Caption;
-            station.Message(times[i], value, valid);
-        }
-        const auto live = PixelsOf(station.Picture());
-        station.Redrawn(30);
-        EXPECT_EQ(PixelsOf(station.Picture()), live) << mode;
-    }
-}
-
-TEST(RedrawHistory, LetsEventsRunEveryTenRecords) {
-    const int cases[][2] = {{1, 1}, {10, 1}, {11, 2}, {20, 2}, {21, 3}, {59, 6}};
-    for (const auto& [records, turns] : cases) {
-        RedrawStation station;
-        station.Fill(0, records);
-        const Micros before = station.machine.time.Elapsed();
-        station.Redrawn(59);
-        EXPECT_EQ(station.machine.time.Elapsed() - before, turns * MicrosPerTurn) << records;
-    }
-}
-
-// What the operator does in the turn behind the eleventh record.
-std::string InterruptedBy(RedrawStation& station, const std::function<void()>& action) {
-    station.machine.time.At(MicrosPerTurn + 1, action);
-    return station.Redrawn(59);
-}
-
-TEST(RedrawHistory, ALayoutChangeEndsIt) {
-    RedrawStation station;
-    station.Fill(0, 40);
-    int pointer = 0;
-    EXPECT_EQ(InterruptedBy(station,
-                            [&] {
-                                pointer = station.w.frmMain.MousePointer;
-                                station.Graphs().RedrawAbort = 1;
-                            }),
-              Letters(0, 11));
-    EXPECT_EQ(station.Graphs().RedrawAbort, 1);
-    EXPECT_EQ(pointer, 11);
-    EXPECT_EQ(station.w.frmMain.MousePointer, 0);
-}
-
-TEST(RedrawHistory, AnotherModelInATurnEndsIt) {
-    RedrawStation station;
-    station.Fill(0, 40);
-    const std::string shown = InterruptedBy(station, [&] {
-        Workstation& w = station.w;
-        w.settings.CEILOMETER = 10;  // profiles of 128 gates where the graph shows 255
-        LoadModel(w, LoadedBy::Dialog);
-        DimensionProfiles(w);
-        w.graphs.HistoryIndex = w.graphs.HistoryWrapped = 0;
-        ApplyCloudRange(w);
-    });
-    EXPECT_EQ(shown, "");
-    EXPECT_EQ(station.w.frmMain.MousePointer, 0);
-    station.Record(0, 100);
-    EXPECT_EQ(station.Redrawn(59), "a");
-}
-
-TEST(RedrawHistory, AFullRingGoesWithTheModel) {
-    RedrawStation station;
-    station.Fill(0, 130);
-    ASSERT_EQ(station.Graphs().HistoryWrapped, -1);
-    station.w.settings.CEILOMETER = 50;
-    LoadModel(station.w, LoadedBy::Dialog);
-    DimensionProfiles(station.w);
-    station.Graphs().HistoryIndex = station.Graphs().HistoryWrapped = 0;
-    ApplyCloudRange(station.w);
-    EXPECT_EQ(station.Redrawn(59), "");
-    station.Record(0, 1000);
-    EXPECT_EQ(station.Redrawn(59), "a");
-}
-
-TEST(RedrawHistory, AnErrorLeavesNoHourglass) {
-    RedrawStation station;
-    station.Fill(0, 5);
-    station.Graphs().GraphHistory[3].Profile.clear();
-    EXPECT_EQ(ErrorOf([&] { station.Redrawn(59); }), 9);
-    EXPECT_EQ(station.w.frmMain.MousePointer, 0);
-    station.Graphs().HistoryIndex = 70;  // beyond the ring
-    EXPECT_EQ(ErrorOf([&] { station.Redrawn(3); }), 9);
-}
-
-// ---- With the window ----
-
-TEST(ResizeTimer, ASizeThereAndBackGivesTheSamePicture) {
-    GraphStation station(100, 60);
-    for (int i = 0; i < 50; ++i) {
-        station.Record(15 * i, 40 * i, i % 7 != 0);
-        station.Message(15 * i, 40 * i, i % 7 != 0);
-    }
-    const auto before = PixelsOf(station.Picture());
-    const auto resize = [&](int width, int height) {
-        station.Picture().Width = width;
-        station.Picture().Height = height;
-        EmptyPicture(station.w);
-        ResizeTimer_Tick(station.w);
-        ResizeTimer_Tick(station.w);
-    };
-    resize(37, 20);
-    EXPECT_EQ(station.Graphs().HistoryRedrawCount, 32);
-    resize(100, 60);
-    EXPECT_EQ(station.Graphs().HistoryRedrawCount, 59) << "all that the ring can hold";
-    EXPECT_EQ(PixelsOf(station.Picture()), before);
-}
-
-TEST(ResizeTimer, AsksForTheRecordsThatTheGraphTakes) {
-    const struct {
-        double width;
-        std::int16_t compress;
-        int count;
-    } cases[] = {{500, 0, 495}, {500, 1, 990}, {500, 2, 1485}, {5, 0, 0},
-                 {3, 0, 0},     {10.5, 0, 6},  {9.5, 0, 4},    {2000, 2, 2999}};
-    for (const auto& c : cases) {
-        GraphStation station(100, 5);
-        CreateHistory(station.w, 1000);
-        station.w.settings.Compress = c.compress;
-        station.Picture().Width = c.width;
-        ResizeTimer_Tick(station.w);
-        ResizeTimer_Tick(station.w);
-        EXPECT_EQ(station.Graphs().HistoryRedrawCount, c.count) << c.width << ' ' << c.compress;
-    }
-}
-
-TEST(ResizeTimer, StartsAgainWhenTheSizeChangesInTheRedraw) {
-    GraphStation station(100, 60);
-    for (int i = 0; i < 30; ++i) station.Record(15 * i, 100);
-    ResizeTimer_Tick(station.w);
-    bool clockOff = false;
-    station.machine.time.At(MicrosPerTurn + 1, [&] {
-        clockOff = !station.w.frmMain.tmrClock.Enabled();
-        station.Picture().Width = 50;
-        station.Graphs().RedrawAbort = 1;
-    });
-    ResizeTimer_Tick(station.w);
-    EXPECT_TRUE(clockOff);
-    EXPECT_TRUE(station.w.frmMain.tmrClock.Enabled());
-    EXPECT_FALSE(station.w.frmMain.ResizeTimer.Enabled());
-    EXPECT_EQ(station.Graphs().HistoryRedrawCount, 45);
-    std::string row(30, 'a');
-    row.resize(50, '.');
-    EXPECT_EQ(Middle(station), row);
-    EXPECT_EQ(station.Graphs().TimeLabelsDirty, 0);
-    EXPECT_EQ(station.Graphs().HeightLabelsDirty, 0);
-}
-
-TEST(ResizeTimer, AGraphOfTenByFivePixelsIsRedrawnToo) {
-    GraphStation station(10, 5);
-    station.w.settings.Cloud_Show_Grid = 1;
-    for (int i = 0; i < 40; ++i) station.Record(15 * i, 1000);
-    ResizeTimer_Tick(station.w);
-    ResizeTimer_Tick(station.w);
-    EXPECT_EQ(station.Graphs().HistoryRedrawCount, 5);
-    EXPECT_EQ(station.Graphs().CurrentColumn, 5);
-    EXPECT_EQ(station.Graphs().GridOnScreen, -1);
 }
 
 }  // namespace

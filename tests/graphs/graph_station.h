@@ -144,6 +144,10 @@ inline std::string ColumnOf(const Surface& surface, int x) {
     return column;
 }
 
+// A row in which gap marks, position mark and columns all show, and one that columns alone reach.
+inline std::string FootOf(const Surface& graph) { return RowOf(graph, graph.PixelHeight() - 3); }
+inline std::string MiddleOf(const Surface& graph) { return RowOf(graph, graph.PixelHeight() / 2); }
+
 inline std::vector<std::string> TextsOf(const Surface& surface) {
     std::vector<std::string> texts;
     for (const PrintedText& printed : surface.Printed()) texts.push_back(printed.text);
