@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <QApplication>
+#include <QLabel>
 #include <QMouseEvent>
 #include <QRubberBand>
 #include <QTest>
@@ -167,6 +169,85 @@ TEST_F(GesturesTest, TheBarShowsThatItHasTheKeys) {
     const QColor before = Find("picBar")->grab().toImage().pixelColor(2, 50);
     Find("picBar")->setFocus();
     EXPECT_NE(Find("picBar")->grab().toImage().pixelColor(2, 50), before);
+}
+
+// Colours to carry onto a field, as a dialog has them.
+struct ColourForm : Form {
+    Label colour, field;
+
+    ColourForm() {
+        Name = "frmColour";
+        Width = 300 * TwipsPerPixel;
+        Height = 100 * TwipsPerPixel;
+        for (Label* label : {&colour, &field}) {
+            label->Top = 10;
+            label->Width = label->Height = 60;
+        }
+        colour.Left = 10;
+        field.Left = 200;
+        colour.Draggable = true;
+    }
+    ControlList Controls() override {
+        return {{"colour", -1, "", &colour}, {"field", -1, "", &field}};
+    }
+    void Reset() override { *this = ColourForm(); }
+};
+
+struct ColourTest : testing::Test {
+    OwnFolders own;
+    HostMachine machine{"1"};
+    Workstation w{machine.platform};
+    ColourForm form;
+    HostView view{w, machine, {&form}};
+    int clicks = 0, drops = 0;
+
+    ColourTest() {
+        form.colour.Click = [this](Workstation&) { ++clicks; };
+        form.field.DragDrop = [this](Workstation&, const Control& from, double, double) {
+            if (&from == &form.colour) ++drops;
+        };
+        ShowForm(w, form);
+        view.Sync();
+        Settle();
+    }
+    QLabel* Colour() { return view.WindowOf(form)->Client()->findChild<QLabel*>("colour"); }
+    void Carry(QPoint by) {
+        const QPoint from = Colour()->rect().center();
+        QTest::mousePress(Colour(), Qt::LeftButton, {}, from);
+        QTest::mouseMove(Colour(), from + by);
+        QTest::mouseRelease(Colour(), Qt::LeftButton, {}, from + by);
+    }
+};
+
+TEST_F(ColourTest, AReleaseOnTheSpotIsAClick) {
+    Carry({0, 0});
+    EXPECT_EQ(clicks, 1);
+    EXPECT_EQ(drops, 0);
+}
+
+TEST_F(ColourTest, WhatIsCarriedIsDroppedAndNotClicked) {
+    Carry({190, 0});
+    EXPECT_EQ(clicks, 0);
+    EXPECT_EQ(drops, 1);
+    EXPECT_EQ(view.WindowOf(form)->Client()->findChildren<QRubberBand*>().size(), 0);
+}
+
+TEST_F(ColourTest, TheSpaceBarClicksAndOnlyThat) {
+    QTest::keyClick(Colour(), Qt::Key_Space);
+    EXPECT_EQ(clicks, 1);
+    QTest::keyClick(Colour(), Qt::Key_Right);
+    QTest::keyClick(Colour(), Qt::Key_A);
+    EXPECT_EQ(clicks, 1);
+    EXPECT_EQ(drops, 0);
+}
+
+TEST_F(ColourTest, TheOneWithTheFocusHasAHeavyFrame) {
+    Colour()->setFrameShape(QFrame::Panel);
+    QFocusEvent in(QEvent::FocusIn), out(QEvent::FocusOut);
+    QApplication::sendEvent(Colour(), &in);
+    EXPECT_EQ(Colour()->lineWidth(), 3);
+    QApplication::sendEvent(Colour(), &out);
+    EXPECT_EQ(Colour()->lineWidth(), 1);
 }
 
 TEST_F(GesturesTest, TheMouseEntersOnceUntilItLeaves) {

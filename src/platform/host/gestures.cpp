@@ -1,6 +1,8 @@
 #include "platform/host/gestures.h"
 
+#include <QApplication>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QMouseEvent>
 #include <algorithm>
 #include <cmath>
@@ -21,6 +23,14 @@ QPointF InScaleOf(const Surface& surface, const QPointF& pixel) {
     if (surface.ScaleMode == PixelScale) return pixel;
     return {InScale(pixel.x(), surface.ScaleLeft, surface.ScaleWidth, surface.PixelWidth()),
             InScale(pixel.y(), surface.ScaleTop, surface.ScaleHeight, surface.PixelHeight())};
+}
+
+// Labels show no focus of their own: a framed one gets a heavy frame.
+void ShowFocus(QWidget* widget, bool focused) {
+    auto* frame = qobject_cast<QLabel*>(widget);
+    if (frame == nullptr || frame->frameShape() == QFrame::NoFrame) return;
+    frame->setFrameShadow(focused ? QFrame::Plain : QFrame::Sunken);
+    frame->setLineWidth(focused ? 3 : 1);
 }
 
 QRectF PlaceIn(const QWidget& client, const QWidget& widget) {
@@ -47,7 +57,8 @@ void Gestures::Sync() {
         if (watched.drags == watched.record->Draggable) continue;
         watched.drags = watched.record->Draggable;
         widget->setFocusPolicy(watched.drags ? Qt::StrongFocus : Qt::NoFocus);
-        widget->setCursor(watched.drags ? Qt::SplitHCursor : Qt::ArrowCursor);
+        const Qt::CursorShape grip = watched.IsBar() ? Qt::SplitHCursor : Qt::OpenHandCursor;
+        widget->setCursor(watched.drags ? grip : Qt::ArrowCursor);
     }
 }
 
@@ -58,10 +69,16 @@ bool Gestures::eventFilter(QObject* object, QEvent* event) {
     Watched& watched = found->second;
     if (watched.record->Draggable && Drag(watched, widget, event)) return true;
     switch (event->type()) {
+        case QEvent::KeyPress:
+            return KeyPressed(watched, widget, static_cast<QKeyEvent*>(event)->key());
         case QEvent::MouseButtonRelease:
             return Released(watched, widget, event);
         case QEvent::Enter:
             Entered(watched, widget);
+            return false;
+        case QEvent::FocusIn:
+        case QEvent::FocusOut:
+            ShowFocus(widget, event->type() == QEvent::FocusIn);
             return false;
         case QEvent::Leave:
             // Behind a box that the entering has opened, the mouse has not left.
@@ -88,10 +105,16 @@ void Gestures::Entered(Watched& watched, QWidget* widget) {
     watched.inside = widget->rect().contains(widget->mapFromGlobal(QCursor::pos()));
 }
 
+// What has the focus and takes a click takes it from the space bar too.
+bool Gestures::KeyPressed(Watched& watched, QWidget* widget, int key) {
+    if (watched.record->Draggable && watched.IsBar()) return MoveByKey(watched, widget, key);
+    if (key != Qt::Key_Space || !watched.record->Click) return false;
+    run(watched.record->Click);
+    return true;
+}
+
+// A release without a movement between is a click, and not taken.
 bool Gestures::Drag(Watched& watched, QWidget* widget, QEvent* event) {
-    if (event->type() == QEvent::KeyPress) {
-        return MoveByKey(watched, widget, static_cast<QKeyEvent*>(event)->key());
-    }
     const auto type = event->type();
     if (type != QEvent::MouseButtonPress && type != QEvent::MouseMove &&
         type != QEvent::MouseButtonRelease) {
@@ -99,14 +122,21 @@ bool Gestures::Drag(Watched& watched, QWidget* widget, QEvent* event) {
     }
     const auto* mouse = static_cast<QMouseEvent*>(event);
     const QPointF point = widget->mapTo(&client, mouse->position());
-    if (type == QEvent::MouseButtonPress && mouse->button() == Qt::LeftButton) dragged = widget;
-    if (dragged != widget) return false;
-    ShowLine(widget, point.x());
-    if (type == QEvent::MouseButtonRelease && mouse->button() == Qt::LeftButton) {
-        dragged = nullptr;
-        line.reset();
-        Drop(watched, point);
+    if (type == QEvent::MouseButtonPress && mouse->button() == Qt::LeftButton) {
+        dragged = widget;
+        dragStart = point;
+        carried = watched.IsBar();
+        if (!carried) widget->setCursor(Qt::ClosedHandCursor);
     }
+    if (dragged != widget) return false;
+    if ((point - dragStart).manhattanLength() >= QApplication::startDragDistance()) carried = true;
+    if (watched.IsBar()) ShowLine(widget, point.x());
+    if (type != QEvent::MouseButtonRelease || mouse->button() != Qt::LeftButton) return true;
+    dragged = nullptr;
+    line.reset();
+    if (!watched.IsBar()) widget->setCursor(Qt::OpenHandCursor);
+    if (!carried) return false;
+    Drop(watched, point);
     return true;
 }
 

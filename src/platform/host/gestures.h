@@ -31,11 +31,15 @@ private:
         const Surface* surface = nullptr;
         bool inside = false;  // the mouse has entered and not left
         bool drags = false;   // has the cursor and the focus of what can be dragged
+
+        // A bar between surfaces is moved; anything else is carried onto a target.
+        bool IsBar() const { return surface != nullptr; }
     };
 
     bool eventFilter(QObject* watched, QEvent* event) override;
     bool Released(Watched& watched, QWidget* widget, QEvent* event);
     void Entered(Watched& watched, QWidget* widget);
+    bool KeyPressed(Watched& watched, QWidget* widget, int key);
     bool Drag(Watched& watched, QWidget* widget, QEvent* event);
     bool MoveByKey(Watched& watched, QWidget* widget, int key);
     void ShowLine(QWidget* widget, double x);
@@ -46,6 +50,8 @@ private:
     std::function<void(const Handler&)> run;
     std::map<QWidget*, Watched> all;
     QWidget* dragged = nullptr;
+    QPointF dragStart;
+    bool carried = false;               // the mouse has gone far enough for a drag
     std::unique_ptr<QRubberBand> line;  // where the dragged bar would come to stand
 };
 
