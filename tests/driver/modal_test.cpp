@@ -111,12 +111,12 @@ TEST(ModalForm, TimerMayOpenIt) {
 TEST(ModalForm, OpensInAWaitingLoopOfTheProgram) {
     ModalBench bench(
         "at 0.5 click lblCT\nclick lblXaxis\nexpect frmStart.Visible True\n"
-        "expect HistoryIndex 49\nadvance 5\nexpect HistoryIndex 49\nclick frmStart.CmdOK\n"
-        "expect MessageId 7\nexpect HistoryIndex 100\n");
+        "expect RedialCount 49\nadvance 5\nexpect RedialCount 49\nclick frmStart.CmdOK\n"
+        "expect MessageId 7\nexpect RedialCount 100\n");
     bench.w.frmMain.lblXaxis.Click = [](Workstation& w) {
-        while (w.graphs.HistoryIndex < 100) {
+        while (w.intake.RedialCount < 100) {
             w.platform.events.WaitEvents();
-            ++w.graphs.HistoryIndex;
+            ++w.intake.RedialCount;
         }
     };
     bench.ExpectPasses(5, "the loop goes on behind it");
