@@ -8,6 +8,8 @@
 namespace cumeron {
 namespace {
 
+using namespace ink;
+
 TEST(AddGraphColumnBack, GoesOneColumnBackForEachMessage) {
     GraphStation station(20);
     for (int i = 0; i < 6; ++i) station.Message(15 * i);

@@ -10,6 +10,8 @@
 namespace cumeron {
 namespace {
 
+using namespace ink;
+
 // ---- Columns and gaps ----
 
 TEST(AddGraphColumn, MissingMessagesLeaveGapMarks) {

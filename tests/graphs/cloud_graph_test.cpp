@@ -12,6 +12,8 @@
 namespace cumeron {
 namespace {
 
+using namespace ink;
+
 // ---- The colours of the profile ----
 
 struct IntensityStation : GraphStation {

@@ -17,9 +17,12 @@
 
 namespace cumeron {
 
+// Colours as the picture has them.
+namespace ink {
 inline constexpr int White = 0xFFFFFF, Black = 0, Red = 0x0000FF, Green = 0x008000;
-// The colours of the five classes of a first start.
+// Of the five classes, at a first start.
 inline constexpr int Class[] = {16776960, 8421376, 16711680, 8388608, 0};
+}  // namespace ink
 
 inline int ErrorOf(const std::function<void()>& statement) {
     try {
@@ -63,7 +66,7 @@ struct GraphStation {
     }
 
     static void Size(Surface& surface, int width, int height) {
-        surface.BackColor = White;
+        surface.BackColor = ink::White;
         surface.Width = width;
         surface.Height = height;
         surface.Cls();
@@ -114,19 +117,19 @@ inline bool IsAll(const Surface& surface, int colour) {
 // '?' another.
 inline char LetterOf(int colour) {
     switch (colour) {
-        case White:
+        case ink::White:
             return '.';
-        case Red:
+        case ink::Red:
             return 'R';
-        case Green:
+        case ink::Green:
             return 'G';
-        case Black:
+        case ink::Black:
             return '#';
         default:
             break;
     }
     for (int i = 0; i < 4; ++i) {
-        if (colour == Class[i]) return static_cast<char>('a' + i);
+        if (colour == ink::Class[i]) return static_cast<char>('a' + i);
     }
     return '?';
 }
@@ -152,6 +155,15 @@ inline std::vector<std::string> TextsOf(const Surface& surface) {
     std::vector<std::string> texts;
     for (const PrintedText& printed : surface.Printed()) texts.push_back(printed.text);
     return texts;
+}
+
+// "text@row" of each label of a height axis: the row of its tick, 8 pixels below its upper edge.
+inline std::string HeightLabelsOf(const Surface& strip) {
+    std::string labels;
+    for (const PrintedText& printed : strip.Printed()) {
+        labels += printed.text + "@" + std::to_string(printed.y + 8) + " ";
+    }
+    return labels;
 }
 
 }  // namespace cumeron

@@ -13,6 +13,8 @@
 namespace cumeron {
 namespace {
 
+using namespace ink;
+
 using Value = std::function<std::int32_t(int gate)>;
 
 // Height steps 0 to 50 on 50 rows, plot units 0 to 100 on 100 columns, a gate to the step.

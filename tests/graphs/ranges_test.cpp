@@ -7,6 +7,8 @@
 namespace cumeron {
 namespace {
 
+using namespace ink;
+
 TEST(ApplyBackscatterRange, HeightsComeFromTheScaleOrFromTheUser) {
     const struct {
         const char* what;

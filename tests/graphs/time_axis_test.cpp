@@ -12,6 +12,8 @@
 namespace cumeron {
 namespace {
 
+using namespace ink;
+
 const double Day = DateSerial(2026, 5, 1);
 
 struct AxisStation : GraphStation {
