@@ -26,11 +26,10 @@ constexpr double GapTolerance = 0.6;  // a message may be that share of an inter
 constexpr int TurnEvery = 10;         // records of a redraw
 constexpr int Hourglass = 11;         // MousePointer
 
+// Without a mark, at -1, it draws left of the picture.
 void TakeOffPositionMark(Workstation& w) {
-    GraphState& graphs = w.graphs;
-    if (graphs.MarkerColumn == -1) return;
-    DrawPositionMark(w.frmMain.picCombination, graphs.MarkerColumn);
-    graphs.MarkerColumn = -1;
+    DrawPositionMark(w.frmMain.picCombination, w.graphs.MarkerColumn);
+    w.graphs.MarkerColumn = -1;
 }
 
 void PutPositionMark(Workstation& w) {
@@ -76,6 +75,7 @@ std::int32_t MakeRoom(Workstation& w, std::int32_t missing) {
     const std::int32_t usable = width - RightMargin(w.settings);
     if (usable - missing >= w.graphs.CurrentColumn) return missing;
     if (usable < missing) {
+        // kept: the axes of a graph that begins anew are drawn when the next message moves it.
         ClearGraph(w);
         return usable;
     }

@@ -150,10 +150,8 @@ void DrawIntensityColumn(Workstation& w, std::span<const std::int32_t> profile, 
     if (first < 0 || static_cast<std::size_t>(top) >= profile.size()) throw RuntimeError(9);
     MakeColours(w);
     MakeRows(w, count, top - first + 1, surface.PixelHeight());
-    PaintColumn(
-        w.graphs.columnTables,
-        profile.subspan(static_cast<std::size_t>(first), static_cast<std::size_t>(top - first + 1)),
-        surface, column);
+    PaintColumn(w.graphs.columnTables, profile.subspan(static_cast<std::size_t>(first)), surface,
+                column);
 }
 
 void DrawCloudHits(Workstation& w, std::int16_t low, std::int16_t high, Surface& surface,

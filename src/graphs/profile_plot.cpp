@@ -30,9 +30,7 @@ GateRange ShownGates(const Workstation& w) {
     const double scale = w.intake.ProfileScale;
     const double high = w.graphs.ProfileYHigh * scale;
     const std::int16_t last = high > w.model.ProfileLength ? w.model.ProfileLength : ToInt16(high);
-    const GateRange gates{ToInt16(w.graphs.ProfileYLow * scale), last};
-    if (gates.first <= gates.last && gates.first < 0) throw RuntimeError(9);
-    return gates;
+    return {ToInt16(w.graphs.ProfileYLow * scale), last};
 }
 
 template <class Profile>

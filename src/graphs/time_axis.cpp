@@ -96,10 +96,8 @@ void DrawTimeAxis(Workstation& w, int column, Surface& surface, double time, int
     w.graphs.TimeLabelsDirty = 0;
     const double interval = w.settings.Message_Interval;
     const double seconds = column * interval;
-    double start = time - seconds / SecondsPerDay;
-    // The whole days are of no account, only the hour is used.
-    if (start < 0) start += SecondsPerDay;
-    const DateParts parts = PartsOf(start);
+    // The whole days are of no account, also those before the first; only the hour is used.
+    const DateParts parts = PartsOf(time - seconds / SecondsPerDay);
     const double hours = parts.hour + parts.minute / 60.0 + parts.second / 3600.0;
     const TimeSpan span{hours, hours + interval * surface.PixelWidth() / 3600};
     if (span.end <= span.start) return;

@@ -195,6 +195,16 @@ TEST(DrawHeightAxis, TicksOfTheStepScaleStandWhereItsHeightsAre) {
     EXPECT_EQ(388 - StepHeight(30, true, 1), 320);
 }
 
+TEST(DrawHeightAxis, ARangeOfNothingHasNoSteps) {
+    for (const double height : {0.0, 12.8}) {
+        HeightStation station;
+        station.w.settings.Step_Linear = 1;
+        station.Draw(height, height);
+        EXPECT_TRUE(IsAll(station.Strip(), White));
+        EXPECT_EQ(station.Texts(), "");
+    }
+}
+
 TEST(DrawHeightAxis, StepsAreDrawnInBlackWhateverTheColour) {
     HeightStation station;
     station.w.settings.Step_Linear = 1;

@@ -85,8 +85,10 @@ TEST(AddGraphColumnBack, NoGapBeforeTheFirstMessage) {
     GraphStation station(20);
     for (int i = 0; i < 5; ++i) station.Message(15 * i);
     station.Graphs().LastGraphTime = 0;
+    station.Graphs().TimeLabelsDirty = 0;
     station.MessageBack(-86400);
     EXPECT_EQ(station.Graphs().CurrentColumn, 4);
+    EXPECT_EQ(station.Graphs().TimeLabelsDirty, 0);
 }
 
 TEST(AddGraphColumnBack, AtTheLeftEdgeThePictureMovesRight) {
@@ -117,6 +119,34 @@ TEST(AddGraphColumnBack, AGapLongerThanTheGraphLeavesItEmpty) {
     EXPECT_FALSE(TextsOf(station.w.frmMain.picXLabels) == std::vector<std::string>{"old"});
     station.Message(-86400 + 15, 200);
     EXPECT_EQ(station.Graphs().CurrentColumn, -19);
+}
+
+TEST(AddGraphColumnBack, AGapUpToTheWidthMovesThePicture) {
+    const struct {
+        const char* what;
+        int missing;  // columns, from column 5 of 20 on
+        int column;   // behind the message
+        bool updated;
+    } cases[] = {
+        {"up to the left edge", 5, 1, false},
+        {"one more", 6, 1, true},
+        {"one short of the width", 19, 1, true},
+        {"the width", 20, -20, true},
+    };
+    for (const auto& c : cases) {
+        GraphStation station(20);
+        station.Message(0);
+        station.Graphs().CurrentColumn = 7;
+        station.Graphs().TimeLabelsDirty = -1;
+        station.MessageBack(-15 * (c.missing + 1), 100);
+        EXPECT_EQ(station.Graphs().CurrentColumn, c.column) << c.what;
+        EXPECT_EQ(station.Graphs().TimeLabelsDirty, c.updated ? 0 : -1) << c.what;
+        std::string foot = "a" + std::string(static_cast<std::size_t>(c.missing), 'R');
+        if (c.column == 1) {
+            DrawPositionMark(station.Picture(), 1);
+            EXPECT_EQ(FootOf(station.Picture()).substr(0, foot.size()), foot) << c.what;
+        }
+    }
 }
 
 TEST(AddGraphColumnBack, CompressionStaysInTheColumnForItsMessages) {

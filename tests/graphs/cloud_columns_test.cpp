@@ -79,6 +79,30 @@ TEST(AddGraphColumn, AGapAsLongAsTheGraphFillsAllButItsMargin) {
     }
 }
 
+TEST(AddGraphColumn, TheAxesAreBroughtUpToDateWhenTheStripMoves) {
+    const struct {
+        const char* what;
+        int messages;
+        double seconds;  // behind the last of them
+        bool updated;
+    } cases[] = {
+        {"room for one more", 17, 15, false},
+        {"the last column before the margin", 17, 30, true},
+        {"room for a gap", 10, 8 * 15, false},
+        {"one column short", 10, 9 * 15, true},
+        {"a gap that leaves nothing", 10, 18 * 15, true},
+        // kept: a graph that begins anew has its axes drawn with the next message.
+        {"a gap longer than that", 10, 19 * 15, false},
+    };
+    for (const auto& c : cases) {
+        GraphStation station(20);
+        for (int i = 0; i < c.messages; ++i) station.Message(15 * i);
+        station.Graphs().TimeLabelsDirty = -1;
+        station.Message(15 * (c.messages - 1) + c.seconds);
+        EXPECT_EQ(station.Graphs().TimeLabelsDirty, c.updated ? 0 : -1) << c.what;
+    }
+}
+
 // 17 of 20 columns are used; 5 missing ones and the message push the first ones out.
 TEST(AddGraphColumn, AGapInAFullGraphMovesIt) {
     GraphStation station(20);
@@ -152,7 +176,11 @@ TEST(AddGraphColumn, RaisesDivisionForAnIntervalOfNothing) {
     station.w.settings.Message_Interval = 0;
     EXPECT_EQ(ErrorOf([&] { station.Message(0); }), 0) << "the first message needs none";
     EXPECT_EQ(ErrorOf([&] { station.Message(15); }), 11);
-    EXPECT_EQ(ErrorOf([&] { station.MessageBack(15); }), 11);
+    EXPECT_EQ(FootOf(station.Picture()).substr(0, 3), "#..") << "the mark is gone, and noted so";
+    EXPECT_EQ(station.Graphs().MarkerColumn, -1);
+    station.w.settings.Message_Interval = 15;
+    station.Message(30);
+    EXPECT_EQ(FootOf(station.Picture()).substr(0, 4), "#R#G") << "counted from the first";
 }
 
 TEST(AddGraphColumn, ANarrowGraphWithoutRoomStillTakesMessages) {

@@ -79,6 +79,10 @@ TEST(DrawIntensityColumn, LimitsOutOfOrderLeaveClassesEmpty) {
         {"in the class that begins last below it", {100, 200, 150, 160, 1000}, 500, 'd'},
         {"below every limit", {500, 100, 200, 1000, 400}, 99, '.'},
         {"behind the first class", {100, 200, 150, 160, 1000}, 155, 'a'},
+        {"a limit above all values", {100, 40000, 350, 600, 1000}, 32767, 'a'},
+        {"and beyond them", {100, 40000, 350, 600, 1000}, 32768, '.'},
+        {"all limits above them", {40000, 50000, 60000, 70000, 80000}, 32767, '.'},
+        {"a limit below all values", {-40000, 200, 350, 600, 1000}, -32768, 'a'},
         {"all alike", {100, 100, 100, 100, 100}, 100, '#'},
     };
     for (const auto& c : cases) {
@@ -258,9 +262,31 @@ TEST(DrawIntensityColumn, RaisesWhatTheProfileDoesNotHave) {
     }
 }
 
+// Three gates to the thousand more move rows without another gate.
+TEST(DrawIntensityColumn, OnTheSteppedScaleEachResolutionHasItsRows) {
+    const auto draw = [](IntensityStation& station, double scale) {
+        station.w.settings.Step_Linear = 1;
+        station.Graphs().CloudYHigh = 128;
+        station.w.intake.ProfileScale = scale;
+        std::vector<std::int32_t> profile = station.Level(100);
+        for (std::size_t i = 0; i < profile.size(); i += 2) profile[i] = 200;
+        station.Picture().Cls();
+        station.Draw(profile);
+        return ColumnOf(station.Picture(), 4);
+    };
+    IntensityStation station(20, 1600);
+    IntensityStation fresh(20, 1600);
+    const std::string coarse = draw(station, 1);
+    const std::string fine = draw(station, 1.003);
+    EXPECT_NE(fine, coarse);
+    EXPECT_EQ(fine, draw(fresh, 1.003));
+}
+
 TEST(DrawIntensityColumn, AFailedColumnSpoilsNoLaterOne) {
     IntensityStation station;
     station.w.settings.Step_Linear = 1;
+    station.Graphs().CloudYHigh = 128;
+    EXPECT_EQ(station.Shown(1000), '#');
     station.w.intake.ProfileScale = 0.001;
     station.w.graphs.CloudYHigh = 32000;  // the step scale of it leaves 16 bits
     EXPECT_EQ(ErrorOf([&] { station.Draw(station.Level(1000)); }), 6);

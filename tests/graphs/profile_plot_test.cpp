@@ -132,16 +132,20 @@ TEST(PlotProfile, TheLineGoesFromGateToGate) {
 }
 
 TEST(PlotProfile, TheLineBeginsAtNoughtAtTheFoot) {
-    PlotStation station;
-    station.Graphs().ProfileYLow = 10;  // so that the first gate stands at the foot too
-    station.Graphs().ProfileYHigh = 20;
-    station.w.settings.Back_Draw_Width = 3;
-    station.FillLevel(0, 40);
-    UpdateBackscatterPlot(station.w);
-    std::string foot;
-    for (int x = 0; x <= 41; ++x) foot += std::to_string(x) + "#";
-    EXPECT_EQ(station.Row(49), foot);
-    EXPECT_EQ(station.Row(47), "39#40#41#");
+    for (const std::int16_t mode : {std::int16_t{1}, std::int16_t{3}}) {
+        PlotStation station;
+        station.Graphs().ProfileYLow = 10;  // so that the first gate stands at the foot too
+        station.Graphs().ProfileYHigh = 20;
+        station.w.settings.Back_Draw_Width = 3;
+        station.w.settings.Backscatter_Mode = mode;
+        station.FillLevel(0, 40);
+        UpdateBackscatterPlot(station.w);
+        const std::string letter = mode == 1 ? "#" : "G";  // the average over the message
+        std::string foot;
+        for (int x = 0; x <= 41; ++x) foot += std::to_string(x) + letter;
+        EXPECT_EQ(station.Row(49), foot);
+        EXPECT_EQ(station.Row(47), "39" + letter + "40" + letter + "41" + letter);
+    }
 }
 
 TEST(PlotProfile, LowLimitAndScaleFindTheGates) {

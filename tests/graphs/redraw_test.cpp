@@ -190,8 +190,11 @@ TEST(RedrawHistory, AnErrorLeavesNoHourglass) {
     station.Graphs().GraphHistory[3].Profile.clear();
     EXPECT_EQ(ErrorOf([&] { station.Redrawn(59); }), 9);
     EXPECT_EQ(station.w.frmMain.MousePointer, 0);
-    station.Graphs().HistoryIndex = 70;  // beyond the ring
-    EXPECT_EQ(ErrorOf([&] { station.Redrawn(3); }), 9);
+    station.Graphs().HistoryIndex = 62;  // the ring ends with 60
+    EXPECT_EQ(ErrorOf([&] { station.Redrawn(2); }), 9);
+    station.Graphs().HistoryIndex = 1;
+    station.Graphs().HistoryWrapped = -1;
+    EXPECT_EQ(ErrorOf([&] { station.Redrawn(200); }), 9) << "more than it holds";
 }
 
 // ---- With the window ----
