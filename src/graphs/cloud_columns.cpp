@@ -16,10 +16,10 @@ namespace cumeron {
 
 namespace {
 
-constexpr std::int16_t Intensity = 0, Detection = 1, Both = 2;  // Cloudmode
-constexpr std::int16_t RawMessage = 99;                         // a message without a profile
-constexpr int GapMarkHeight = 4, PositionMarkHeight = 5;        // pixels
-constexpr int LightRed = 12, Green = 2;                         // QBColor
+constexpr std::int16_t Detection = 1, Both = 2;           // Cloudmode
+constexpr std::int16_t RawMessage = 99;                   // a message without a profile
+constexpr int GapMarkHeight = 4, PositionMarkHeight = 5;  // pixels
+constexpr int LightRed = 12, Green = 2;                   // QBColor
 constexpr int White = 0xFFFFFF;
 constexpr int MarginPixels = 2;       // right of the widest point
 constexpr double GapTolerance = 0.6;  // a message may be that share of an interval late

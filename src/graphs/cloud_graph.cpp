@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <ranges>
 
 #include "graphs/ranges.h"
 #include "graphs/scale.h"
@@ -115,9 +114,9 @@ void PaintColumn(const ColumnTables& tables, std::span<const std::int32_t> gates
     const auto firstValue = static_cast<std::uint32_t>(tables.firstValue);
     std::uint32_t* pixels = surface.PixelsToPaint();
     auto pixel = static_cast<std::ptrdiff_t>(tables.rows.size()) * width + column;
-    for (const RowGates& row : std::views::reverse(tables.rows)) {
+    for (auto row = tables.rows.rbegin(); row != tables.rows.rend(); ++row) {
         pixel -= width;
-        for (int gate = row.highest; gate >= row.lowest; --gate) {
+        for (int gate = row->highest; gate >= row->lowest; --gate) {
             const std::uint32_t at =
                 static_cast<std::uint32_t>(gates[static_cast<std::size_t>(gate)]) - firstValue;
             if (at >= colours.size()) continue;
