@@ -226,4 +226,11 @@ int Main(int argc, char** argv) {
 }  // namespace
 }  // namespace cumeron::sim
 
-int main(int argc, char** argv) { return cumeron::sim::Main(argc, argv); }
+int main(int argc, char** argv) {
+    try {
+        return cumeron::sim::Main(argc, argv);
+    } catch (...) {
+        // What fails while a failure is told.
+        return 1;
+    }
+}
