@@ -201,7 +201,9 @@ void ReadSettingsThrough(Workstation& w, SettingsReading& reading, std::string_v
 
 void SaveKeys(Workstation& w, std::span<const std::string_view> keys) {
     ReportAndGoOn(w, [&] {
-        w.platform.files.Replace(SettingsPath(w), WithKeys(w, ReadSettingsFile(w), keys));
+        const std::string old = ReadSettingsFile(w);
+        KeepOldFile(w, old);
+        w.platform.files.Replace(SettingsPath(w), WithKeys(w, old, keys));
     });
 }
 

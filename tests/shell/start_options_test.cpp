@@ -95,6 +95,15 @@ TEST_F(StartOptions, CancelChangesNothing) {
     EXPECT_EQ(File(), "no file");
 }
 
+TEST_F(StartOptions, AfterAFailedStartTheOldFileIsKept) {
+    const std::string before = "[CUMERON]\r\nCompress=x\r\nMain_Caption=West\r\n";
+    machine.files.Put(name, before);
+    w.shell.startFailed = true;
+    Show([&] { form.CmdOK.Click(w); });
+    EXPECT_EQ(machine.files.Content(std::string(name) + ".bak").value_or("no file"), before);
+    EXPECT_FALSE(w.shell.startFailed);
+}
+
 TEST_F(StartOptions, AFullDiskIsToldAndTheRunGoesOnWithThem) {
     const std::string before = "[CUMERON]\r\nPort_open=0\r\n";
     machine.files.Put(name, before);
