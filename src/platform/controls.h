@@ -71,6 +71,24 @@ struct ComboBox : Control {
     Handler Change;  // a text was typed; Click: an item was chosen
 };
 
+// A drive to choose, of Files::Drives().
+struct DriveList : Control {
+    std::string Drive;
+    Handler Change;
+};
+
+// A folder to choose, with those above and below it.
+struct FolderList : Control {
+    std::string Path;
+    Handler Change;  // Click: the chosen folder was clicked
+};
+
+// Pages of which one is selected; what they hold the form shows and hides itself.
+struct TabStrip : Control {
+    std::vector<std::string> Pages;  // captions
+    int Selected = 0;
+};
+
 // An entry of a menu bar; an entry that others name as their parent is a menu of its own.
 struct MenuEntry : Control {
     std::string Caption;  // "&" before the letter of the mnemonic

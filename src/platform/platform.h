@@ -35,12 +35,23 @@ enum class BoxButtons { Ok, YesNo, YesNoCancel, RetryCancel };
 enum class BoxSign { None, Exclamation, Stop };
 enum class Answer { Ok, Yes, No, Cancel, Retry };
 
+struct FileQuestion {
+    std::string title;
+    std::string filter;    // "Data files (*.dat)|*.dat|All Files (*.*)|*.*"
+    std::string fileName;  // chosen at first
+    bool several = false;  // more than one may be chosen
+    bool forWriting = false;
+};
+
 class Dialogs {
 public:
     virtual ~Dialogs() = default;
     virtual Answer MessageBox(const std::string& text, BoxButtons buttons,
                               BoxSign sign = BoxSign::None) = 0;
     virtual void Beep() = 0;
+    // A full name; of several chosen files the folder and each name, a NUL between them. Raises
+    // 32755 when the operator cancels.
+    virtual std::string ChooseFiles(const FileQuestion& question) = 0;
 };
 
 class Process {
@@ -49,6 +60,10 @@ public:
     virtual std::string CommandLine() const = 0;
     // Folder of the program, without a separator at its end.
     virtual std::string ApplicationFolder() const = 0;
+    // Starts a program and does not wait for it. commandLine is how the call reads in one line; no
+    // shell sees it. Raises 53 when there is no such program.
+    virtual void Start(const std::string& program, const std::vector<std::string>& arguments,
+                       const std::string& commandLine) = 0;
     // Shows the manual: command 3 its contents, 1 the page of a topic. Raises 53 when there is
     // nothing to show it with.
     virtual void Help(const std::string& file, int command, int topic) = 0;
