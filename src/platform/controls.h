@@ -120,6 +120,7 @@ struct TextBox : Control {
     int SelStart = 0;
     bool MultiLine = false;
     std::string FontName;  // "" is the font of the desktop
+    std::string Mask;      // "##": the places that take a digit each; "" takes any text
     // Gets the code of the key and gives the one to use instead; 0 throws the key away.
     std::function<int(Workstation&, int)> KeyPress;
     Handler Change;  // the operator has changed the text
@@ -153,7 +154,8 @@ private:
 struct Surface;
 
 using AnyControl = std::variant<Label*, Frame*, Button*, MenuEntry*, ToolButton*, Panel*, Image*,
-                                TextBox*, Surface*, Timer*, OptionButton*, CheckBox*, ComboBox*>;
+                                TextBox*, Surface*, Timer*, OptionButton*, CheckBox*, ComboBox*,
+                                DriveList*, FolderList*, TabStrip*>;
 
 // One line of a form's list of controls.
 struct NamedControl {
