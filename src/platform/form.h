@@ -4,6 +4,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "platform/controls.h"
 
@@ -33,6 +34,8 @@ struct Form {
 
     Handler Load, Resize, Activate, Paint, Unload;
     std::function<bool(Workstation&)> QueryUnload;  // true keeps the form
+    // Files were dragged onto the window, by their full names; empty: it takes none.
+    std::function<void(Workstation&, const std::vector<std::string>& names)> DropFiles;
 
     double ScaleWidth() const { return Width / TwipsPerPixel; }    // pixels
     double ScaleHeight() const { return Height / TwipsPerPixel; }  // pixels

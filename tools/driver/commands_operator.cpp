@@ -315,13 +315,34 @@ void RunAnswer(Session& session, const Words& arguments) {
     }
 }
 
+// One full name, or a folder and names.
+void RunChoose(Session& session, const Words& arguments) {
+    ScriptedDialogs& dialogs = session.machine.dialogs;
+    if (arguments.size() == 1 && arguments[0] == "cancel") return dialogs.ChooseNext(std::nullopt);
+    std::string chosen = arguments[0];
+    for (std::size_t i = 1; i < arguments.size(); ++i) chosen += '\0' + arguments[i];
+    dialogs.ChooseNext(chosen);
+}
+
+void RunDropFiles(Session& session, const Words& arguments) {
+    Form& form = VisibleForm(session, arguments[0]);
+    CheckForm(session, form);
+    if (!form.DropFiles) throw CommandError{arguments[0] + " takes no files"};
+    const Words names(arguments.begin() + 1, arguments.end());
+    Dispatch(session, [&](Workstation& w) {
+        // By value: the handler may put its form back into the design state.
+        const auto drop = form.DropFiles;
+        drop(w, names);
+    });
+}
+
 constexpr Command Commands[] = {
     {"click", "NAME", 1, 1, RunClick},
     {"type", "NAME VALUE", 2, 2, RunType},
     {"hover", "NAME", 1, 1, RunHover},
     {"set", "NAME VALUE", 2, 2, RunSet},
     {"drop", "SOURCE TARGET X Y", 4, 4, RunDrop},
-    {"drop-files", "FORM NAME...", 2, AnyNumber, nullptr, "the off-line reader"},
+    {"drop-files", "FORM NAME...", 2, AnyNumber, RunDropFiles},
     {"paste", "NAME VALUE", 2, 2, RunPaste},
     {"resize", "FORM WIDTH HEIGHT", 3, 3, RunResize},
     {"minimize", "FORM", 1, 1, RunMinimize},
@@ -330,7 +351,7 @@ constexpr Command Commands[] = {
     {"activate", "FORM", 1, 1, RunActivate},
     {"close", "FORM", 1, 1, RunClose},
     {"answer", "BUTTON...", 1, AnyNumber, RunAnswer},
-    {"choose", "VALUE...|cancel", 1, AnyNumber, nullptr, "the file dialogs"},
+    {"choose", "VALUE...|cancel", 1, AnyNumber, RunChoose},
     {"printer-setup", "KEY=VALUE...|cancel", 1, AnyNumber, nullptr, "the printing module"},
 };
 

@@ -1,10 +1,14 @@
 #include "platform/host/dialogs.h"
 
 #include <QApplication>
+#include <QDir>
+#include <QFileDialog>
+#include <QFileInfo>
 #include <QMessageBox>
 #include <cstdio>
 
 #include "platform/host/unicode.h"
+#include "platform/runtime/errors.h"
 
 namespace cumeron {
 namespace {
@@ -51,6 +55,83 @@ Answer AnswerOf(int button) {
     }
 }
 
+// ---- File dialogs ----
+
+// One kind of files to choose from.
+struct FileKind {
+    QString description;  // "Data files"
+    QString pattern;      // "*.[dD][aA][tT]": file systems here tell capitals from small letters
+    bool programs = false;
+};
+
+QString PatternOf(const QString& wanted) {
+    if (wanted == "*.*" || wanted.compare("*.exe", Qt::CaseInsensitive) == 0) return "*";
+    QString pattern;
+    for (const QChar c : wanted) {
+        pattern += c.isLetter() ? QString("[%1%2]").arg(c.toLower()).arg(c.toUpper()) : QString(c);
+    }
+    return pattern;
+}
+
+// "Data files (*.dat)|*.dat|All Files (*.*)|*.*"
+QList<FileKind> KindsOf(const std::string& filter) {
+    const QStringList parts = ToUnicode(filter).split('|');
+    QList<FileKind> kinds;
+    for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
+        const QString description = parts[i].section(" (", 0, 0);
+        const bool programs = parts[i + 1].compare("*.exe", Qt::CaseInsensitive) == 0;
+        kinds.append({description, PatternOf(parts[i + 1]), programs});
+    }
+    return kinds;
+}
+
+QString NameFilterOf(const FileKind& kind) { return kind.description + " (" + kind.pattern + ")"; }
+
+// A program has no ending of its own here: it is what may be run.
+void ShowKind(QFileDialog& dialog, const FileKind& kind) {
+    const QDir::Filters shown = QDir::AllDirs | QDir::Files | QDir::Drives | QDir::NoDotAndDotDot;
+    dialog.setFilter(kind.programs ? shown | QDir::Executable : shown);
+}
+
+void OfferKinds(QFileDialog& dialog, const QList<FileKind>& kinds) {
+    if (kinds.isEmpty()) return;
+    QStringList filters;
+    for (const FileKind& kind : kinds) filters.append(NameFilterOf(kind));
+    dialog.setNameFilters(filters);
+    dialog.setOption(QFileDialog::HideNameFilterDetails);
+    ShowKind(dialog, kinds.front());
+    QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, [&dialog, kinds, filters] {
+        const qsizetype chosen = filters.indexOf(dialog.selectedNameFilter());
+        if (chosen >= 0) ShowKind(dialog, kinds[chosen]);
+    });
+}
+
+// A text of the program where the code page has all of the name, else the bytes of the file system.
+std::string FromFileName(const QString& name) {
+    const std::string text = FromUnicode(name);
+    const std::string bytes = name.toStdString();
+    return ToFileName(text) == bytes ? text : bytes;
+}
+
+// The full name of one file; of several the folder and each name in it.
+std::string NamesOf(const QStringList& files) {
+    if (files.size() == 1) return FromFileName(files.front());
+    const QDir folder = QFileInfo(files.front()).dir();
+    std::string names = FromFileName(folder.path());
+    for (const QString& file : files) names += '\0' + FromFileName(folder.relativeFilePath(file));
+    return names;
+}
+
+void SetMode(QFileDialog& dialog, const FileQuestion& question) {
+    if (question.forWriting) {
+        dialog.setAcceptMode(QFileDialog::AcceptSave);
+        dialog.setFileMode(QFileDialog::AnyFile);
+    } else {
+        dialog.setFileMode(question.several ? QFileDialog::ExistingFiles
+                                            : QFileDialog::ExistingFile);
+    }
+}
+
 }  // namespace
 
 Answer HostDialogs::MessageBox(const std::string& text, BoxButtons buttons, BoxSign sign) {
@@ -64,6 +145,24 @@ Answer HostDialogs::MessageBox(const std::string& text, BoxButtons buttons, BoxS
     box.setTextFormat(Qt::PlainText);
     box.setEscapeButton(kind.escape);
     return AnswerOf(box.exec());
+}
+
+std::string HostDialogs::ChooseFiles(const FileQuestion& question) {
+    QFileDialog dialog(Owner ? Owner() : nullptr, ToUnicode(question.title));
+    SetMode(dialog, question);
+    OfferKinds(dialog, KindsOf(question.filter));
+    const QFileInfo first(QString::fromStdString(ToFileName(question.fileName)));
+    if (first.isAbsolute() && first.dir().exists()) {
+        dialog.setDirectory(first.dir());
+    } else if (!lastFolder.isEmpty()) {
+        dialog.setDirectory(lastFolder);
+    }
+    if (!question.fileName.empty()) dialog.selectFile(first.fileName());
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) {
+        throw RuntimeError(32755);
+    }
+    lastFolder = QFileInfo(dialog.selectedFiles().front()).dir().path();
+    return NamesOf(dialog.selectedFiles());
 }
 
 void HostDialogs::Beep() {

@@ -4,6 +4,8 @@
 #include <utility>
 #include <vector>
 
+#include "platform/runtime/errors.h"
+
 namespace cumeron {
 
 namespace {
@@ -36,6 +38,15 @@ Answer ScriptedDialogs::MessageBox(const std::string& text, BoxButtons buttons, 
     }
     if (buttons != BoxButtons::Ok) throw UnansweredBox{text};
     return Answer::Ok;
+}
+
+std::string ScriptedDialogs::ChooseFiles(const FileQuestion& question) {
+    lastQuestion = question;
+    if (choices.empty()) throw UnansweredBox{"file dialog, " + question.filter};
+    const std::optional<std::string> chosen = std::move(choices.front());
+    choices.pop_front();
+    if (!chosen) throw RuntimeError(32755);
+    return *chosen;
 }
 
 std::optional<std::string> ScriptedDialogs::TakeBox() {

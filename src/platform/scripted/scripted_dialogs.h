@@ -1,9 +1,11 @@
-// Boxes and beeps of the scripted platform, with the answers that the script gave beforehand.
+// Boxes, file dialogs and beeps of the scripted platform, with the answers that the script gave
+// beforehand.
 #pragma once
 
 #include <deque>
 #include <optional>
 #include <string>
+#include <utility>
 
 #include "platform/platform.h"
 
@@ -22,10 +24,17 @@ public:
     Answer MessageBox(const std::string& text, BoxButtons buttons,
                       BoxSign sign = BoxSign::None) override;
     void Beep() override { ++beeps; }
+    // Throws UnansweredBox when nothing was chosen beforehand.
+    std::string ChooseFiles(const FileQuestion& question) override;
 
     // For the next boxes, in order. A box with a lone OK takes an OK and leaves other answers to
     // the boxes behind it.
     void AnswerNext(Answer answer) { answers.push_back(answer); }
+    // For the next file dialogs, in order: a full name, or a folder and names with a NUL between
+    // them; nothing cancels the dialog.
+    void ChooseNext(std::optional<std::string> chosen) { choices.push_back(std::move(chosen)); }
+    // What the last file dialog was asked with.
+    const FileQuestion& LastQuestion() const { return lastQuestion; }
     // The oldest box not yet taken.
     std::optional<std::string> TakeBox();
     // Boxes not yet taken, the oldest first.
@@ -36,6 +45,8 @@ public:
 private:
     std::deque<Answer> answers;
     std::deque<std::string> boxes;
+    std::deque<std::optional<std::string>> choices;
+    FileQuestion lastQuestion;
     int beeps = 0;
 };
 
