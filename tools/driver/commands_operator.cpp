@@ -181,7 +181,9 @@ void RunPaste(Session& session, const Words& arguments) {
     Dispatch(session, box.Change);
 }
 
-Handler TextSetter(TextBox& box, const std::string& text) {
+// A masked box shows a line where a place is still empty.
+Handler TextSetter(TextBox& box, std::string text) {
+    if (text.size() < box.Mask.size()) text.resize(box.Mask.size(), '_');
     return [&box, text](Workstation& w) {
         box.Text = text;
         box.SelStart = static_cast<int>(text.size());
@@ -220,6 +222,30 @@ Handler ItemTextSetter(ComboBox& list, const std::string& text) {
                       item == list.Items.end() ? -1 : static_cast<int>(item - list.Items.begin()));
 }
 
+Handler DriveSetter(DriveList& list, const std::string& drive) {
+    return [&list, drive](Workstation& w) {
+        list.Drive = drive;
+        if (const Handler change = list.Change) change(w);
+    };
+}
+
+Handler FolderSetter(FolderList& list, const std::string& folder) {
+    return [&list, folder](Workstation& w) {
+        list.Path = folder;
+        if (const Handler change = list.Change) change(w);
+    };
+}
+
+Handler PageSetter(TabStrip& strip, int page) {
+    if (page < 0 || page >= static_cast<int>(strip.Pages.size())) {
+        throw CommandError{"the strip has no such page"};
+    }
+    return [&strip, page](Workstation& w) {
+        strip.Selected = page;
+        if (const Handler click = strip.Click) click(w);
+    };
+}
+
 // What setting the input does; throws CommandError when it is no input or the value is none of it.
 Handler SetterOf(const FoundControl& found, const std::string& name, const std::string& value) {
     const AnyControl& control = found.named.control;
@@ -238,6 +264,12 @@ Handler SetterOf(const FoundControl& found, const std::string& name, const std::
         if (auto* const* list = std::get_if<ComboBox*>(&control)) {
             return ItemSetter(**list, IntegerArgument(value));
         }
+    } else if (auto* const* drives = std::get_if<DriveList*>(&control)) {
+        if (property == "Drive") return DriveSetter(**drives, value);
+    } else if (auto* const* folders = std::get_if<FolderList*>(&control)) {
+        if (property == "Path") return FolderSetter(**folders, value);
+    } else if (auto* const* strip = std::get_if<TabStrip*>(&control)) {
+        if (property == "Selected") return PageSetter(**strip, IntegerArgument(value));
     }
     NoInput(name);
 }

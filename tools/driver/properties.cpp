@@ -87,6 +87,10 @@ const Property<const AnyControl&> ControlProperties[] = {
     {"ScaleHeight", ScaleHeightOf},
     FIELD(ListIndex),
     {"ListCount", ListCountOf},
+    FIELD(Drive),
+    FIELD(Path),
+    FIELD(Selected),
+    FIELD(Mask),
     FIELD(SelStart),
     FIELD(Picture),
     FIELD(FontSize),
@@ -174,7 +178,8 @@ constexpr Kind Kinds[] = {
     {"MenuEntry", "Checked"},  {"ToolButton", "Value"},   {"Panel", "Text"},
     {"Image", "Picture"},      {"TextBox", "Text"},       {"Surface", ""},
     {"Timer", "Enabled"},      {"OptionButton", "Value"}, {"CheckBox", "Value"},
-    {"ComboBox", "ListIndex"},
+    {"ComboBox", "ListIndex"}, {"DriveList", "Drive"},    {"FolderList", "Path"},
+    {"TabStrip", "Selected"},
 };
 static_assert(std::size(Kinds) == std::variant_size_v<AnyControl>, "a kind of control is missing");
 

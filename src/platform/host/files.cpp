@@ -5,6 +5,8 @@
 #include <sys/statvfs.h>
 #include <unistd.h>
 
+#include <QStorageInfo>
+#include <algorithm>
 #include <cerrno>
 #include <csignal>
 #include <cstdlib>
@@ -30,6 +32,12 @@ namespace fs = std::filesystem;
     const bool folderMissing = !folder.empty() && !fs::is_directory(folder, ignored);
     throw RuntimeError(systemCode == ENOENT && folderMissing ? 76 : FileErrorNumber(systemCode),
                        systemCode);
+}
+
+// Writing makes a missing file, so that what is missing then is its folder.
+[[noreturn]] void FailToAppend(const std::string& path, int systemCode) {
+    if (systemCode == ENOENT) throw RuntimeError(path.empty() ? 75 : 76, systemCode);
+    Fail(systemCode);
 }
 
 // A file descriptor that closes itself.
@@ -89,6 +97,13 @@ void WriteBeside(const std::string& temporary, const std::string& path, std::str
     file.Close();
 }
 
+// A name of the file system as the program knows it: a text of its own where its code page has the
+// characters.
+std::string FromFileName(const std::string& bytes) {
+    const std::string text = FromUnicode(QString::fromStdString(bytes));
+    return ToFileName(text) == bytes ? text : bytes;
+}
+
 // So that the new name outlives a power failure; a file system that cannot sync a folder has done
 // what it can.
 void SyncFolder(const std::string& folder) {
@@ -115,6 +130,50 @@ void RemoveLeftOvers(const std::string& folder, const std::string& path) {
             process > 0 && name == TemporaryName(path, std::to_string(process));
         if (isTemporary && ::kill(process, 0) != 0 && errno == ESRCH) ::unlink(name.c_str());
     }
+}
+
+void SyncFolderOf(const std::string& path) {
+    const fs::path folder = fs::path(path).parent_path();
+    SyncFolder(folder.empty() ? "." : folder.string());
+}
+
+// Devices and pipes have nothing to sync.
+void SyncData(int descriptor) {
+    if (::fdatasync(descriptor) != 0 && errno != EINVAL && errno != EROFS) Fail(errno);
+}
+
+class HostInput : public InputFile {
+public:
+    explicit HostInput(const std::string& path) : file(path, O_RDONLY) {
+        if (file.Number() < 0) FailToOpen(path, errno);
+        if (fs::is_directory(path)) Fail(EISDIR);
+    }
+    std::size_t Read(char* bytes, std::size_t most) override {
+        for (;;) {
+            const ssize_t count = ::read(file.Number(), bytes, most);
+            if (count >= 0) return static_cast<std::size_t>(count);
+            if (errno != EINTR) throw RuntimeError(57, errno);
+        }
+    }
+    std::int64_t Size() override {
+        struct stat found {};
+        return ::fstat(file.Number(), &found) == 0 ? found.st_size : 0;
+    }
+    std::int64_t Position() const override { return ::lseek(file.Number(), 0, SEEK_CUR); }
+    void Seek(std::int64_t position) override { ::lseek(file.Number(), position, SEEK_SET); }
+
+private:
+    Descriptor file;
+};
+
+// Places of the system's own, in which nobody keeps files.
+bool IsOfTheSystem(const QString& place) {
+    for (const char* folder : {"/proc", "/sys", "/dev", "/run", "/snap", "/boot"}) {
+        if (place == folder || place.startsWith(QString(folder) + '/')) {
+            return !place.startsWith("/run/media/");
+        }
+    }
+    return false;
 }
 
 // The file itself where the name is a link to it.
@@ -174,9 +233,66 @@ std::string HostFiles::Read(const std::string& name) {
 void HostFiles::Append(const std::string& name, std::string_view text) {
     const std::string path = ToFileName(name);
     Descriptor file(path, O_WRONLY | O_CREAT | O_APPEND);
-    if (file.Number() < 0) FailToOpen(path, errno);
+    if (file.Number() < 0) FailToAppend(path, errno);
     WriteAll(file.Number(), text);
     file.Close();
+}
+
+void HostFiles::AppendSafely(const std::string& name, std::string_view text) {
+    const std::string path = ToFileName(name);
+    Descriptor file(path, O_WRONLY | O_CREAT | O_APPEND);
+    if (file.Number() < 0) FailToAppend(path, errno);
+    struct stat before {};
+    ::fstat(file.Number(), &before);
+    WriteAll(file.Number(), text);
+    SyncData(file.Number());
+    file.Close();
+    if (before.st_size == 0) SyncFolderOf(path);
+}
+
+std::unique_ptr<InputFile> HostFiles::OpenForReading(const std::string& name) {
+    return std::make_unique<HostInput>(ToFileName(name));
+}
+
+void HostFiles::Delete(const std::string& name) {
+    if (::unlink(ToFileName(name).c_str()) != 0) Fail(errno);
+}
+
+std::string HostFiles::CurrentFolder() const {
+    std::error_code error;
+    return FromFileName(fs::current_path(error).string());
+}
+
+void HostFiles::ChangeFolder(const std::string& name) {
+    if (::chdir(ToFileName(name).c_str()) != 0) throw RuntimeError(76, errno);
+}
+
+std::vector<std::string> HostFiles::Drives() {
+    std::vector<std::string> places{"/"};
+    for (const QStorageInfo& volume : QStorageInfo::mountedVolumes()) {
+        const QString place = volume.rootPath();
+        const bool offered = volume.isReady() && volume.bytesTotal() > 0 && place != "/";
+        if (!offered || IsOfTheSystem(place)) continue;
+        places.push_back(FromFileName(place.toStdString()));
+    }
+    std::sort(places.begin(), places.end());
+    places.erase(std::unique(places.begin(), places.end()), places.end());
+    return places;
+}
+
+std::vector<std::string> HostFiles::FoldersIn(const std::string& folder) {
+    std::vector<std::string> names;
+    std::error_code error;
+    fs::directory_iterator entry(ToFileName(folder), error);
+    while (!error && entry != fs::directory_iterator()) {
+        std::error_code ignored;
+        if (entry->is_directory(ignored)) {
+            names.push_back(FromFileName(entry->path().filename().string()));
+        }
+        entry.increment(error);
+    }
+    std::sort(names.begin(), names.end());
+    return names;
 }
 
 void HostFiles::Replace(const std::string& name, std::string_view text) {

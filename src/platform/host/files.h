@@ -17,6 +17,13 @@ public:
     bool Exists(const std::string& name) override;
     std::string Read(const std::string& name) override;
     void Append(const std::string& name, std::string_view text) override;
+    void AppendSafely(const std::string& name, std::string_view text) override;
+    std::unique_ptr<InputFile> OpenForReading(const std::string& name) override;
+    void Delete(const std::string& name) override;
+    std::string CurrentFolder() const override;
+    void ChangeFolder(const std::string& name) override;
+    std::vector<std::string> Drives() override;
+    std::vector<std::string> FoldersIn(const std::string& folder) override;
     // Also takes away the temporary files of processes that were killed in a save of that file.
     void Replace(const std::string& name, std::string_view text) override;
     std::optional<double> FreeDiskSpace(const std::string& drive) override;

@@ -3,7 +3,10 @@
 #include <QCoreApplication>
 #include <QDesktopServices>
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
+#include <QProcess>
+#include <QStandardPaths>
 #include <algorithm>
 
 #include "platform/host/unicode.h"
@@ -32,6 +35,20 @@ QString PageOf(int command, int topic) {
     return row == std::end(Pages) ? Pages[0].page : row->page;
 }
 
+// A name of the program in the encoding in which Qt hands it to the system.
+QString AsSystemName(const std::string& name) {
+    return QFile::decodeName(QByteArray::fromStdString(ToFileName(name)));
+}
+
+QString FindProgram(const QString& name) {
+    if (name.contains('/')) {
+        return QStandardPaths::findExecutable(QDir::current().absoluteFilePath(name));
+    }
+    const QString beside =
+        QStandardPaths::findExecutable(name, {QCoreApplication::applicationDirPath()});
+    return beside.isEmpty() ? QStandardPaths::findExecutable(name) : beside;
+}
+
 }  // namespace
 
 QStringList ManualFolders() {
@@ -42,6 +59,14 @@ QStringList ManualFolders() {
 
 std::string HostProcess::ApplicationFolder() const {
     return FromUnicode(QCoreApplication::applicationDirPath());
+}
+
+void HostProcess::Start(const std::string& program, const std::vector<std::string>& arguments,
+                        const std::string&) {
+    const QString found = FindProgram(AsSystemName(program));
+    QStringList words;
+    for (const std::string& argument : arguments) words.append(AsSystemName(argument));
+    if (found.isEmpty() || !QProcess::startDetached(found, words)) throw RuntimeError(53);
 }
 
 void HostProcess::Help(const std::string&, int command, int topic) {

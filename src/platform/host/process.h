@@ -16,9 +16,12 @@ QStringList ManualFolders();
 
 class HostProcess : public Process {
 public:
-    explicit HostProcess(std::string line) : commandLine(std::move(line)) {}
-    std::string CommandLine() const override { return commandLine; }
+    explicit HostProcess(std::string line) : ownCommandLine(std::move(line)) {}
+    std::string CommandLine() const override { return ownCommandLine; }
     std::string ApplicationFolder() const override;
+    // Looks for a bare name beside this program first, then where the system looks.
+    void Start(const std::string& program, const std::vector<std::string>& arguments,
+               const std::string& commandLine) override;
     // The manual is one for all help files: its pages are web pages.
     void Help(const std::string& file, int command, int topic) override;
 
@@ -27,7 +30,7 @@ public:
     std::function<bool(const QUrl&)> openPage;
 
 private:
-    std::string commandLine;
+    std::string ownCommandLine;
 };
 
 }  // namespace cumeron

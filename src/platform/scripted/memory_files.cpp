@@ -41,44 +41,53 @@ std::string JoinPath(const std::string& root, const std::vector<std::string>& pa
     return path;
 }
 
-std::string FullPosix(const std::string& name) {
-    const std::string path = name.starts_with('/') ? name : "/home/user/" + name;
-    return JoinPath("/", PartsOfPath(path, '/'), '/');
-}
-
-std::string FullWindows(std::string name) {
-    std::replace(name.begin(), name.end(), '/', '\\');
-    const std::string drive = HasDrive(name) ? UpperCase(name.substr(0, 2)) : "C:";
-    std::string path = HasDrive(name) ? name.substr(2) : name;
-    if (!path.starts_with('\\') && drive == "C:") path = "CUMERON\\" + path;
-    return JoinPath(drive + "\\", PartsOfPath(path, '\\'), '\\');
-}
-
 }  // namespace
+
+// Stays what it was when it is deleted meanwhile, and grows with what is appended.
+class MemoryFiles::Input : public InputFile {
+public:
+    explicit Input(std::shared_ptr<const std::string> shared) : text(std::move(shared)) {}
+    std::size_t Read(char* bytes, std::size_t most) override {
+        const std::size_t start = std::min(static_cast<std::size_t>(place), text->size());
+        const std::size_t count = text->copy(bytes, most, start);
+        place += static_cast<std::int64_t>(count);
+        return count;
+    }
+    std::int64_t Size() override { return static_cast<std::int64_t>(text->size()); }
+    std::int64_t Position() const override { return place; }
+    void Seek(std::int64_t position) override { place = position; }
+
+private:
+    std::shared_ptr<const std::string> text;
+    std::int64_t place = 0;
+};
 
 void MemoryFiles::SetStyle(PathStyle newStyle) {
     std::vector<File> settingsFiles;
     for (auto& [key, file] : files) {
         if (FolderOf(file.name) == SettingsFolder()) settingsFiles.push_back(std::move(file));
     }
-    const char oldSeparator = style == PathStyle::Windows ? '\\' : '/';
+    const char oldSeparator = Separator();
     style = newStyle;
     files.clear();
     folders.clear();
     if (style == PathStyle::Windows) {
-        folders = {Key("C:\\"), Key("D:\\")};
+        currentDrive = "C:";
+        currentFolders = {{"C:", "C:\\CUMERON"}, {"D:", "D:\\"}};
+        folders = {{Key("C:\\"), "C:\\"}, {Key("D:\\"), "D:\\"}};
         AddFolder("C:\\CUMERON");
     } else {
-        folders = {"/"};
+        currentDrive = "";
+        currentFolders = {{"", "/home/user"}};
+        folders = {{"/", "/"}};
         AddFolder("/home/user");
         AddFolder("/usr/bin");
         AddFolder("/tmp");
     }
     AddFolder(SettingsFolder());
-    const std::string separator = style == PathStyle::Windows ? "\\" : "/";
     for (const File& file : settingsFiles) {
         const std::string bare = file.name.substr(file.name.rfind(oldSeparator) + 1);
-        Put(SettingsFolder() + separator + bare, file.text);
+        Put(SettingsFolder() + Separator() + bare, *file.text);
     }
 }
 
@@ -87,7 +96,22 @@ std::string MemoryFiles::SettingsFolder() const {
 }
 
 std::string MemoryFiles::Full(const std::string& name) const {
-    return style == PathStyle::Windows ? FullWindows(name) : FullPosix(name);
+    if (style == PathStyle::Windows) return FullWindows(name);
+    const std::string path = name.starts_with('/') ? name : CurrentFolder() + "/" + name;
+    return JoinPath("/", PartsOfPath(path, '/'), '/');
+}
+
+// A name without a drive is one of the current drive, a name without a separator behind the drive
+// one of the folder in which that drive was left.
+std::string MemoryFiles::FullWindows(std::string name) const {
+    std::replace(name.begin(), name.end(), '/', '\\');
+    const std::string drive = HasDrive(name) ? UpperCase(name.substr(0, 2)) : currentDrive;
+    std::string path = HasDrive(name) ? name.substr(2) : name;
+    const auto current = currentFolders.find(drive);
+    if (!path.starts_with('\\') && current != currentFolders.end()) {
+        path = current->second.substr(2) + "\\" + path;
+    }
+    return JoinPath(drive + "\\", PartsOfPath(path, '\\'), '\\');
 }
 
 std::string MemoryFiles::Key(const std::string& name) const {
@@ -95,9 +119,8 @@ std::string MemoryFiles::Key(const std::string& name) const {
 }
 
 std::string MemoryFiles::FolderOf(const std::string& full) const {
-    const char separator = style == PathStyle::Windows ? '\\' : '/';
-    const std::size_t last = full.rfind(separator);
-    const std::size_t root = full.find(separator);
+    const std::size_t last = full.rfind(Separator());
+    const std::size_t root = full.find(Separator());
     return full.substr(0, last == root ? last + 1 : last);
 }
 
@@ -108,7 +131,7 @@ void MemoryFiles::AddFolder(const std::string& full) {
     const std::string parent = FolderOf(full);
     if (Key(parent) == Key(full)) throw RuntimeError(76);
     AddFolder(parent);
-    folders.insert(Key(full));
+    folders.emplace(Key(full), full);
 }
 
 bool MemoryFiles::Exists(const std::string& name) { return files.contains(Key(name)); }
@@ -121,12 +144,49 @@ void MemoryFiles::RaiseOpenError(const std::string& name) {
     throw RuntimeError(error);
 }
 
-std::string MemoryFiles::Read(const std::string& name) {
+const MemoryFiles::File& MemoryFiles::FileToRead(const std::string& name) {
     RaiseOpenError(name);
     const auto found = files.find(Key(name));
-    if (found != files.end()) return found->second.text;
+    if (found != files.end()) return found->second;
     if (IsFolder(Full(name))) throw RuntimeError(75);
     throw RuntimeError(IsFolder(FolderOf(Full(name))) ? 53 : 76);
+}
+
+std::string MemoryFiles::Read(const std::string& name) { return *FileToRead(name).text; }
+
+std::unique_ptr<InputFile> MemoryFiles::OpenForReading(const std::string& name) {
+    return std::make_unique<Input>(FileToRead(name).text);
+}
+
+void MemoryFiles::Delete(const std::string& name) {
+    if (IsFolder(Full(name))) throw RuntimeError(75);
+    if (files.erase(Key(name)) == 0) throw RuntimeError(53);
+}
+
+std::string MemoryFiles::CurrentFolder() const { return currentFolders.at(currentDrive); }
+
+void MemoryFiles::ChangeFolder(const std::string& name) {
+    const std::string full = Full(name);
+    const bool driveAlone = style == PathStyle::Windows && HasDrive(name) && name.size() == 2;
+    if (driveAlone && !currentFolders.contains(UpperCase(name))) throw RuntimeError(68);
+    if (!IsFolder(full)) throw RuntimeError(76);
+    currentDrive = style == PathStyle::Windows ? full.substr(0, 2) : "";
+    currentFolders[currentDrive] = full;
+}
+
+std::vector<std::string> MemoryFiles::Drives() {
+    if (style == PathStyle::Windows) return {"C:", "D:"};
+    return {"/"};
+}
+
+std::vector<std::string> MemoryFiles::FoldersIn(const std::string& folder) {
+    std::vector<std::string> names;
+    for (const auto& [key, full] : folders) {
+        const bool isRoot = FolderOf(full) == full;
+        if (isRoot || Key(FolderOf(full)) != Key(folder)) continue;
+        names.push_back(full.substr(full.rfind(Separator()) + 1));
+    }
+    return names;
 }
 
 void MemoryFiles::CheckWritable(const std::string& name) {
@@ -135,7 +195,7 @@ void MemoryFiles::CheckWritable(const std::string& name) {
 }
 
 std::string& MemoryFiles::TextOf(const std::string& name) {
-    return files.try_emplace(Key(name), File{Full(name), ""}).first->second.text;
+    return *files.try_emplace(Key(name), File{Full(name)}).first->second.text;
 }
 
 void MemoryFiles::Append(const std::string& name, std::string_view text) {
@@ -183,7 +243,7 @@ void MemoryFiles::MakeFolder(const std::string& name) { AddFolder(Full(name)); }
 std::optional<std::string> MemoryFiles::Content(const std::string& name) const {
     const auto found = files.find(Key(name));
     if (found == files.end()) return std::nullopt;
-    return found->second.text;
+    return *found->second.text;
 }
 
 std::vector<std::string> MemoryFiles::Names() const {

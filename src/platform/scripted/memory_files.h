@@ -3,8 +3,8 @@
 #pragma once
 
 #include <map>
+#include <memory>
 #include <optional>
-#include <set>
 #include <string>
 #include <vector>
 
@@ -26,6 +26,17 @@ public:
     bool Exists(const std::string& name) override;
     std::string Read(const std::string& name) override;
     void Append(const std::string& name, std::string_view text) override;
+    void AppendSafely(const std::string& name, std::string_view text) override {
+        Append(name, text);
+    }
+    std::unique_ptr<InputFile> OpenForReading(const std::string& name) override;
+    void Delete(const std::string& name) override;
+    std::string CurrentFolder() const override;
+    // Windows: a drive alone, "D:", goes to the folder in which that drive was left, and raises 68
+    // when there is no such drive.
+    void ChangeFolder(const std::string& name) override;
+    std::vector<std::string> Drives() override;
+    std::vector<std::string> FoldersIn(const std::string& folder) override;
     void Replace(const std::string& name, std::string_view text) override;
     std::optional<double> FreeDiskSpace(const std::string& drive) override;
 
@@ -50,12 +61,16 @@ public:
 private:
     struct File {
         std::string name;  // as it was first written, in full
-        std::string text;
+        std::shared_ptr<std::string> text = std::make_shared<std::string>();
     };
+    class Input;
 
     std::string Full(const std::string& name) const;
     std::string Key(const std::string& name) const;
+    char Separator() const { return style == PathStyle::Windows ? '\\' : '/'; }
     std::string FolderOf(const std::string& full) const;
+    std::string FullWindows(std::string name) const;
+    const File& FileToRead(const std::string& name);
     bool IsFolder(const std::string& full) const;
     void AddFolder(const std::string& full);
     void RaiseOpenError(const std::string& name);
@@ -63,8 +78,10 @@ private:
     std::string& TextOf(const std::string& name);
 
     PathStyle style = PathStyle::Windows;
-    std::map<std::string, File> files;  // by key
-    std::set<std::string> folders;      // keys
+    std::map<std::string, File> files;                  // by key
+    std::map<std::string, std::string> folders;         // full names by key
+    std::map<std::string, std::string> currentFolders;  // by drive; POSIX: the one of ""
+    std::string currentDrive;                           // "C:"; POSIX: ""
     std::map<std::string, int> openErrors;
     std::map<std::string, std::optional<double>> freeSpace;
     std::optional<std::size_t> room;  // bytes that still fit; nothing: no end in sight

@@ -32,6 +32,13 @@ public:
         return files.Style() == PathStyle::Windows ? "C:\\CUMERON" : "/usr/bin";
     }
 
+    void Start(const std::string& program, const std::vector<std::string>& arguments,
+               const std::string& line) override {
+        if (const int error = std::exchange(nextStartError, 0)) throw RuntimeError(error);
+        started.push_back(line);
+        startedWords = arguments;
+        startedWords.insert(startedWords.begin(), program);
+    }
     void Help(const std::string& file, int command, int topic) override {
         if (const int error = std::exchange(nextStartError, 0)) throw RuntimeError(error);
         started.push_back("help " + file + " " + std::to_string(command) + " " +
@@ -39,8 +46,9 @@ public:
     }
 
     std::string commandLine;
-    std::deque<std::string> started;  // not yet asked about, the oldest first
-    int nextStartError = 0;           // what the next start of a program raises; 0: nothing
+    std::deque<std::string> started;        // not yet asked about, the oldest first
+    std::vector<std::string> startedWords;  // program and arguments of the last start
+    int nextStartError = 0;                 // what the next start of a program raises; 0: nothing
 
 private:
     const Files& files;
