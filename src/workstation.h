@@ -9,6 +9,7 @@
 #include "graphs/graph_history.h"
 #include "intake/intake.h"
 #include "intake/models.h"
+#include "logging/playback.h"
 #include "platform/platform.h"
 #include "readings/instant_values.h"
 #include "shell/about.h"
@@ -33,6 +34,7 @@ struct Workstation {
     IntakeState intake;
     ReadingsState readings;
     GraphState graphs;
+    OfflineState offline;
     ShellState shell;
 
     FrmMain frmMain;

@@ -1,5 +1,6 @@
 #include "shell/indicators.h"
 
+#include "graphs/time_axis.h"
 #include "platform/runtime/dates.h"
 #include "platform/runtime/errors.h"
 #include "platform/runtime/text.h"
@@ -22,7 +23,8 @@ void SettleInterval(Workstation& w) {
     IntakeState& intake = w.intake;
     auto& times = intake.IntervalTimes;
     const auto first = DateDiffSeconds(times[0], times[1]);
-    if (first != DateDiffSeconds(times[1], times[2])) {
+    // A file that repeats a time, or runs backwards, tells no interval by it.
+    if (first <= 0 || first != DateDiffSeconds(times[1], times[2])) {
         times[0] = times[1];
         times[1] = times[2];
         intake.IntervalSeekState = 2;
@@ -30,6 +32,8 @@ void SettleInterval(Workstation& w) {
     }
     std::int16_t& interval = w.settings.Message_Interval;
     const int factor = CompressFactor(w.settings);
+    // Before anything can fail: an interval longer than 16 bits count stops one record only.
+    intake.IntervalSeekState = 4;
     const std::int16_t known = ToInt16(static_cast<double>(interval) / factor);
     if (first == known) {
         // kept: dividing and multiplying back rounds an interval that the factor does not divide.
@@ -38,8 +42,8 @@ void SettleInterval(Workstation& w) {
         interval = Multiply16(ToInt16(static_cast<double>(first)), factor);
         w.graphs.TimeLabelsDirty = -1;
         w.graphs.HeightLabelsDirty = -1;
+        UpdateAxes(w);
     }
-    intake.IntervalSeekState = 4;
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include "graphs/cloud_settings.h"
 #include "intake/intake.h"
 #include "intake/port.h"
+#include "logging/playback.h"
 #include "shell/indicators.h"
 #include "shell/main_window.h"
 #include "workstation.h"
@@ -65,8 +66,8 @@ constexpr MenuRow MenuRows[] = {
     {&FrmMain::mnuClosePort, "mnuClosePort", "mnuMode", "&Close Port", mnuClosePort_Click},
     {&FrmMain::mnuPortSettings, "mnuPortSettings", "mnuMode", "Port S&ettings...",
      mnuPortSettings_Click},
-    {&FrmMain::mnuFileOpen, "mnuFileOpen", "mnuMode", "O&ff-Line File Open...", nullptr,
-     "Off-line replay", Separator},
+    {&FrmMain::mnuFileOpen, "mnuFileOpen", "mnuMode", "O&ff-Line File Open...", OpenOffline,
+     nullptr, Separator},
     {&FrmMain::mnuExcel, "mnuExcel", "mnuMode", "E&xcel Data Conversion", nullptr,
      "The spreadsheet export"},
     {&FrmMain::mnuPrintGraph, "mnuPrintGraph", "mnuMode", "&Print Graph", nullptr,
@@ -152,17 +153,16 @@ constexpr ButtonRow ButtonRows[] = {
     {&Bar::OpenPort, "OpenPort", "Open Communication Port", mnuOpenPort_Click, nullptr, Check,
      Enabled, Separator},
     {&Bar::ClosePort, "ClosePort", "Close Communication Port", mnuClosePort_Click, nullptr, Check},
-    {&Bar::OpenFile, "OpenFile", "Off-line File Open", nullptr, "Off-line replay", Push, Enabled,
+    {&Bar::OpenFile, "OpenFile", "Off-line File Open", OpenOffline, nullptr, Push, Enabled,
      Separator},
     {&Bar::Log, "Log", "Log On / Off", ToolbarLog_Click, nullptr, Check},
     {&Bar::Grid, "Grid", "Grid On / Off", ToggleGrid},
-    {&Bar::Start, "Start", "Goto Start of File", nullptr, "Off-line replay", Push, Disabled,
-     Separator},
-    {&Bar::Back, "Back", "One Step Backward", nullptr, "Off-line replay", Push, Disabled},
-    {&Bar::Forward, "Forward", "One Step Forward", nullptr, "Off-line replay", Push, Disabled},
-    {&Bar::Play, "Play", "Play Message", nullptr, "Off-line replay", Push, Disabled},
-    {&Bar::Stop, "Stop", "Stop Message Play", nullptr, "Off-line replay", Push, Disabled},
-    {&Bar::CloseFile, "CloseFile", "Close Off-line FIle", nullptr, "Off-line replay", Push,
+    {&Bar::Start, "Start", "Goto Start of File", GotoFileStart, nullptr, Push, Disabled, Separator},
+    {&Bar::Back, "Back", "One Step Backward", StepBack, nullptr, Push, Disabled},
+    {&Bar::Forward, "Forward", "One Step Forward", StepForward, nullptr, Push, Disabled},
+    {&Bar::Play, "Play", "Play Message", PlayFile, nullptr, Push, Disabled},
+    {&Bar::Stop, "Stop", "Stop Message Play", ToolbarStop_Click, nullptr, Push, Disabled},
+    {&Bar::CloseFile, "CloseFile", "Close Off-line FIle", ToolbarCloseFile_Click, nullptr, Push,
      Disabled},
 };
 
@@ -422,6 +422,7 @@ void FrmMain::Reset() {
     Resize = Form_Resize;
     QueryUnload = Form_QueryUnload;
     Unload = Form_Unload;
+    DropFiles = OpenDropped;
     LastWindowState = 0;
     ResetMenus(*this);
     ResetBars(*this);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "logging/playback.h"
 #include "readings/status_words.h"
 #include "shell/main_window.h"
 #include "workstation.h"
@@ -183,6 +184,7 @@ void mnuShowMessage_Click(Workstation& w) {
     ShowForm(w, w.frmDebug);
     ++w.frmDebug.BroughtToFront;
     w.frmMain.mnuShowMessage.Checked = true;
+    ShowCurrentRecord(w);
 }
 
 void mnuShowStatus_Click(Workstation& w) {

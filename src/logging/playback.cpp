@@ -1,0 +1,520 @@
+#include "logging/playback.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "graphs/cloud_columns.h"
+#include "graphs/profile_plot.h"
+#include "graphs/time_axis.h"
+#include "intake/classify.h"
+#include "intake/decode.h"
+#include "platform/runtime/dates.h"
+#include "platform/runtime/errors.h"
+#include "platform/runtime/text.h"
+#include "readings/instant_values.h"
+#include "shell/indicators.h"
+#include "shell/message_windows.h"
+#include "workstation.h"
+
+namespace cumeron {
+
+namespace {
+
+constexpr char Etx = '\x03', Eot = '\x04';
+constexpr std::size_t FrameEndLength = 3;      // ETX CR LF
+constexpr std::size_t ChecksumEndLength = 10;  // ETX, checksum, EOT CR LF and one more CR LF
+constexpr std::string_view ChecksumStandIn = "1234567";  // of checksum and EOT CR LF
+constexpr std::int16_t SkyRawMessage = 40;               // MessageId without instant values
+constexpr int RingRefill = 29;  // records between the current one and the oldest of the ring
+constexpr int TurnEvery = 5;    // messages of a play
+constexpr std::size_t FirstOfSet = 2, SecondOfSet = 3;  // elements of OfflineFileList
+
+bool IsKn(const Workstation& w) { return w.model.family == Family::KN; }
+
+bool HasTwoLineEnds(const Workstation& w) { return IsKn(w) || w.model.family == Family::TQ60; }
+
+// ---- One message ----
+
+bool StandsBeforeEnd(std::string_view message, std::size_t places, char character) {
+    return message.size() >= places && message[message.size() - places] == character;
+}
+
+void CutLineEnd(std::string& message) {
+    message.resize(message.size() - std::min<std::size_t>(message.size(), 2));
+}
+
+// Makes the message the frame that it was; false for one that has no end.
+bool RepairMessage(const Workstation& w, std::string& message) {
+    const std::size_t places = IsKn(w) ? ChecksumEndLength : FrameEndLength;
+    const bool whole = StandsBeforeEnd(message, places, Etx);
+    const bool withoutChecksum = IsKn(w) && StandsBeforeEnd(message, FrameEndLength, Etx);
+    const bool ofTq60 = w.model.family == Family::TQ60 && StandsBeforeEnd(message, places, Eot);
+    if (!whole && !withoutChecksum && !ofTq60) return false;
+    // So that fields counted from the end of the frame are found.
+    if (IsKn(w) && !whole) message += ChecksumStandIn;
+    // The reader took the line end along that stands behind the frame in the file.
+    if (HasTwoLineEnds(w)) CutLineEnd(message);
+    return true;
+}
+
+// FrameText as live reception makes it: a blank, and the frame from its header on. The header of
+// RV10X is the start itself.
+void ClassifyRecord(Workstation& w, std::string_view message) {
+    std::size_t from = 0;
+    if (w.model.family != Family::RV10X) {
+        const std::size_t header = message.find(w.model.header);
+        from = header == message.npos ? std::min<std::size_t>(1, message.size()) : header;
+    }
+    w.intake.FrameText.assign(1, ' ').append(message.substr(from));
+    w.intake.MessageId = ClassifyMessage(w, w.intake.FrameText, w.intake.Payload);
+}
+
+ProfileSlotRecord& CurrentSlot(Workstation& w) {
+    return w.graphs.ProfileRing.at(static_cast<std::size_t>(w.graphs.ProfileSlot));
+}
+
+void DecodeIntoSlot(Workstation& w, ProfileSlotRecord& slot) {
+    slot.Valid = w.intake.MessageId != -1 ? -1 : 0;
+    DecodeProfile(w, w.intake.Payload, slot.Profile, w.intake.MessageId);
+}
+
+void ShowReadings(Workstation& w, const OfflineRecord& record) {
+    w.graphs.MessageTime = record.time;
+    ClassifyRecord(w, record.message);
+    if (w.intake.MessageId != SkyRawMessage) UpdateInstantValues(w, record.message);
+}
+
+// As the record stands in the file.
+void ShowInMessageWindow(Workstation& w, const OfflineRecord& record) {
+    AddToMessageWindow(w, "-" + Format(record.time, "Short Date") + " " +
+                              Format(record.time, "ttttt") + "\r\n" + record.message);
+}
+
+// ---- Buttons, captions, boxes ----
+
+void ShowOfflineButtons(Workstation& w, bool on) {
+    auto& bar = w.frmMain.Toolbar1;
+    for (ToolButton* button :
+         {&bar.Start, &bar.Forward, &bar.Back, &bar.Play, &bar.Stop, &bar.CloseFile}) {
+        button->Enabled = on;
+        button->Visible = on;
+    }
+}
+
+void EnableForwardAndPlay(Workstation& w, bool on) {
+    w.frmMain.Toolbar1.Forward.Enabled = on;
+    w.frmMain.Toolbar1.Play.Enabled = on;
+}
+
+void EnableStartAndBack(Workstation& w, bool on) {
+    w.frmMain.Toolbar1.Start.Enabled = on;
+    w.frmMain.Toolbar1.Back.Enabled = on;
+}
+
+void EnableLiveMenus(Workstation& w, bool on) {
+    for (MenuEntry* entry : {&w.frmMain.mnuLogOn, &w.frmMain.mnuLogOff, &w.frmMain.mnuOpenPort}) {
+        entry->Enabled = on;
+    }
+}
+
+void EnableLiveButtons(Workstation& w, bool on) {
+    w.frmMain.Toolbar1.OpenPort.Enabled = on;
+    w.frmMain.Toolbar1.Log.Enabled = on;
+}
+
+void ShowBaseCaption(Workstation& w) { w.frmMain.Caption = w.shell.MainTitle; }
+
+void ShowFileInCaption(Workstation& w) {
+    w.frmMain.Caption = w.shell.MainTitle + "  [" + w.offline.OfflineFileName + "]";
+}
+
+void Tell(Workstation& w, const char* text) { w.platform.dialogs.MessageBox(text, BoxButtons::Ok); }
+
+void TellEnd(Workstation& w) {
+    Tell(w, "End of file");
+    EnableForwardAndPlay(w, false);
+}
+
+// ---- Sets of files ----
+
+std::string JoinName(const Workstation& w, std::string folder, const std::string& name) {
+    if (w.platform.files.Style() == PathStyle::Windows) return folder + "\\" + name;
+    if (folder.ends_with('/')) folder.pop_back();
+    return folder + "/" + name;
+}
+
+// The folder of a full name, without the separator; the current one for a bare name.
+std::string FolderOf(const Workstation& w, const std::string& name) {
+    const char separator = w.platform.files.Style() == PathStyle::Windows ? '\\' : '/';
+    const std::size_t last = name.rfind(separator);
+    return last == name.npos ? w.platform.files.CurrentFolder() : name.substr(0, last);
+}
+
+std::string BareName(const Workstation& w, const std::string& name) {
+    const char separator = w.platform.files.Style() == PathStyle::Windows ? '\\' : '/';
+    return name.substr(name.rfind(separator) + 1);
+}
+
+// kept: the name that was chosen first stays the first, and only those behind it are sorted; with
+// it the operator says where the replay begins.
+void SortFileList(std::vector<std::string>& list) {
+    if (list.size() > SecondOfSet) std::sort(list.begin() + SecondOfSet, list.end());
+}
+
+void SelectOfSet(Workstation& w, std::size_t element) {
+    OfflineState& offline = w.offline;
+    offline.OfflineFileIndex = ToInt16(static_cast<double>(element));
+    offline.OfflineFileName =
+        JoinName(w, offline.OfflineFileList.at(1), offline.OfflineFileList.at(element));
+}
+
+// One full name, or a folder and names with a NUL between them.
+void TakeChosen(Workstation& w, const std::string& chosen) {
+    OfflineState& offline = w.offline;
+    offline.OfflineFileList = {""};
+    std::size_t from = 0;
+    while (from <= chosen.size()) {
+        const std::size_t end = std::min(chosen.find('\0', from), chosen.size());
+        offline.OfflineFileList.push_back(chosen.substr(from, end - from));
+        from = end + 1;
+    }
+    offline.OfflineFileCount = ToInt16(static_cast<double>(offline.OfflineFileList.size() - 1));
+    if (offline.OfflineFileCount < 2) {
+        offline.OfflineFileName = chosen;
+        return;
+    }
+    SortFileList(offline.OfflineFileList);
+    SelectOfSet(w, FirstOfSet);
+}
+
+void OpenSelected(Workstation& w) {
+    CloseOfflineFile(w);
+    OpenOfflineFile(w, w.offline.OfflineFileName);
+    ShowFileInCaption(w);
+    UpdateProgress(w);
+}
+
+// False when the file now open is the last.
+bool OpenNextOfSet(Workstation& w) {
+    OfflineState& offline = w.offline;
+    if (offline.OfflineFileCount < 2 || offline.OfflineFileIndex >= offline.OfflineFileCount) {
+        return false;
+    }
+    SelectOfSet(w, static_cast<std::size_t>(offline.OfflineFileIndex) + 1);
+    OpenSelected(w);
+    return true;
+}
+
+// ---- Opening and closing ----
+
+std::string AskForFiles(Workstation& w) {
+    FileQuestion question;
+    question.title = "Off-Line File Open";
+    question.filter = "Data files (*.dat)|*.dat|All Files (*.*)|*.*";
+    question.fileName = w.offline.OfflineFileName;
+    question.several = true;
+    return w.platform.dialogs.ChooseFiles(question);
+}
+
+void LeaveLive(Workstation& w) {
+    FrmMain& form = w.frmMain;
+    const Handler logOff = form.mnuLogOff.Click;
+    if (!form.mnuLogOff.Checked && logOff) logOff(w);
+    EnableLiveMenus(w, false);
+    form.mnuOpenTerminal.Enabled = false;
+    form.mnuFileOpen.Checked = true;
+    EnableLiveButtons(w, false);
+}
+
+void ForgetMessages(Workstation& w) {
+    w.graphs.HistoryIndex = 0;
+    w.graphs.HistoryWrapped = 0;
+}
+
+void BeginReplay(Workstation& w) {
+    w.graphs.LastGraphTime = 0;
+    w.graphs.MessageTime = 0;
+    ClearGraph(w);
+    ResetIndicators(w);
+    w.frmMain.tmrClock.SetEnabled(false);
+    w.offline.OfflineRecordPos.assign(LongestOfflineFile + 1, 0);
+    w.offline.OfflineMessageNo = 0;
+    w.intake.IntervalSeekState = 0;
+    ForgetMessages(w);
+}
+
+void ReplayChosen(Workstation& w) {
+    if (w.frmMain.mnuFileOpen.Checked) CloseOfflineFile(w);
+    if (w.frmMain.mnuOpenPort.Checked) {
+        return Tell(w, "Communication Port Open. Close Port to enter Off-line mode.");
+    }
+    LeaveLive(w);
+    OpenSelected(w);
+    BeginReplay(w);
+    ShowOfflineButtons(w, true);
+    StepForward(w);
+    PlayFile(w);
+}
+
+// kept: the menus come back and the buttons of port and log do not, until a file has been closed.
+void GiveUpOpening(Workstation& w) {
+    EnableLiveMenus(w, true);
+    w.frmMain.mnuFileOpen.Checked = false;
+    EnableLiveButtons(w, false);
+    CloseOfflineFile(w);
+}
+
+template <class Choice>
+void OpenChosen(Workstation& w, Choice choose) {
+    constexpr int cancelled = 32755;
+    try {
+        w.offline.PlayStopRequested = 0;
+        TakeChosen(w, choose());
+        ReplayChosen(w);
+    } catch (const RuntimeError& error) {
+        if (error.Number == cancelled) return;
+        ReportError(w, error);
+        GiveUpOpening(w);
+    }
+}
+
+// ---- Forwards ----
+
+[[noreturn]] void LeaveTooLongFile(Workstation& w) {
+    Tell(w, "Too long off-line file");
+    UnloadForm(w, w.frmMain);
+    throw ProcessEnd{0};
+}
+
+// Everything up to the graph.
+void TakeRecord(Workstation& w, const OfflineRecord& record) {
+    OfflineState& offline = w.offline;
+    offline.OfflineMessageNo = Add16(offline.OfflineMessageNo, 1);
+    if (offline.OfflineMessageNo > LongestOfflineFile) LeaveTooLongFile(w);
+    offline.OfflineRecordPos.at(static_cast<std::size_t>(offline.OfflineMessageNo)) =
+        record.position;
+    UpdateProgress(w);
+    ShowReadings(w, record);
+    DecodeIntoSlot(w, NextProfileSlot(w));
+}
+
+void DrawRecord(Workstation& w) {
+    const ProfileSlotRecord& slot = CurrentSlot(w);
+    AddGraphColumn(w, slot.Profile, slot.Valid != 0);
+}
+
+// The next record of the file or, behind its last one, the first of the next file.
+std::int16_t ReadOn(Workstation& w, OfflineRecord& record) {
+    const std::int16_t kind = ReadRecord(w, record);
+    if (kind != NoRecord || w.offline.interrupted || !OpenNextOfSet(w)) return kind;
+    w.offline.OfflineMessageNo = 0;
+    // kept: an empty file ends the play also in the middle of a set, where the caption names it.
+    return ReadRecord(w, record);
+}
+
+void PlayRecord(Workstation& w, OfflineRecord& record, std::int16_t& turn) {
+    ShowMessageTime(w, record.time);
+    if (!RepairMessage(w, record.message)) return;
+    TakeRecord(w, record);
+    if (w.frmMain.mnuShowMessage.Checked) ShowInMessageWindow(w, record);
+    if (w.frmMain.mnuLinePlot.Checked) {
+        UpdateBackscatterPlot(w);
+        turn = TurnEvery;  // the plot is to be seen
+    }
+    DrawRecord(w);
+}
+
+// True when the end was reached.
+bool PlayRecords(Workstation& w) {
+    OfflineState& offline = w.offline;
+    OfflineRecord record;
+    std::int16_t turn = 0;
+    bool ended = false;
+    while (offline.OfflineFileNo != 0 && offline.PlayStopRequested == 0 && !ended) {
+        // kept: 16 bits; a set of more messages than they count pauses there with an error.
+        turn = Add16(turn, 1);
+        if (ReadOn(w, record) != NoRecord) {
+            PlayRecord(w, record, turn);
+        } else {
+            ended = !offline.interrupted;
+        }
+        if (turn % TurnEvery == 0) w.platform.events.DoEvents();
+    }
+    return ended;
+}
+
+void FinishPlay(Workstation& w) {
+    if (w.offline.PlayStopRequested == 0) return TellEnd(w);
+    w.offline.PlayStopRequested = 0;
+    UpdateBackscatterPlot(w);
+    EnableForwardAndPlay(w, true);
+}
+
+// ---- Backwards ----
+
+// The slot that the last record leaves takes the record at the far end of the ring.
+void RefillRing(Workstation& w, int number) {
+    OfflineRecord record;
+    if (SeekRecord(w, number, record) == NoRecord) return Tell(w, "Saved message invalid");
+    if (HasTwoLineEnds(w)) CutLineEnd(record.message);
+    ClassifyRecord(w, record.message);
+    DecodeIntoSlot(w, CurrentSlot(w));
+}
+
+void WindBackRing(Workstation& w) {
+    GraphState& graphs = w.graphs;
+    const auto last = static_cast<std::int16_t>(graphs.ProfileRing.size() - 1);
+    graphs.ProfileSlot = graphs.ProfileSlot == 0 ? last : Add16(graphs.ProfileSlot, -1);
+}
+
+void ShowRecordBefore(Workstation& w, const OfflineRecord& record) {
+    WindBackRing(w);
+    ShowReadings(w, record);
+    AddGraphColumnBack(w, CurrentSlot(w).Profile);
+    UpdateBackscatterPlot(w);
+    ShowInMessageWindow(w, record);
+}
+
+}  // namespace
+
+void OpenOffline(Workstation& w) {
+    OpenChosen(w, [&] { return AskForFiles(w); });
+}
+
+void OpenDropped(Workstation& w, const std::vector<std::string>& names) {
+    if (names.empty()) return;
+    if (names.size() == 1) return OpenChosen(w, [&] { return names.front(); });
+    std::string chosen = FolderOf(w, names.front());
+    for (const std::string& name : names) {
+        if (FolderOf(w, name) != FolderOf(w, names.front())) {
+            return Tell(w, "Only files of one folder can be opened together.");
+        }
+        chosen += '\0' + BareName(w, name);
+    }
+    OpenChosen(w, [&] { return chosen; });
+}
+
+void CloseOffline(Workstation& w) {
+    ShowOfflineButtons(w, false);
+    ClearGraph(w);
+    ResetIndicators(w);
+    UpdateBackscatterPlot(w);
+    w.graphs.MessageTime = w.platform.clock.Now();
+    w.intake.MessageClockTime = TimeOf(w.graphs.MessageTime);
+    w.graphs.LastGraphTime = 0;
+    w.graphs.TimeLabelsDirty = -1;
+    w.graphs.HeightLabelsDirty = -1;
+    UpdateAxes(w);
+    EmptyPicture(w);
+    w.frmMain.tmrClock.SetEnabled(true);
+    CloseOfflineFile(w);
+    ShowBaseCaption(w);
+    w.frmMain.mnuFileOpen.Checked = false;
+    EnableLiveMenus(w, true);
+    EnableLiveButtons(w, true);
+    w.offline.OfflineRecordPos.assign(1, 0);
+    w.offline.progress = {};
+    ForgetMessages(w);
+    w.offline.PlayStopRequested = -1;
+}
+
+void GotoFileStart(Workstation& w) {
+    if (w.offline.reading) return;
+    if (w.offline.OfflineFileCount > 1) {
+        SelectOfSet(w, FirstOfSet);
+        OpenSelected(w);
+    }
+    if (w.offline.file) w.offline.file->Seek(0);
+    ClearGraph(w);
+    ResetIndicators(w);
+    w.offline.OfflineMessageNo = 0;
+    ForgetMessages(w);
+    EnableForwardAndPlay(w, true);
+    StepForward(w);
+    UpdateBackscatterPlot(w);
+    UpdateAxes(w);
+}
+
+void StepForward(Workstation& w) {
+    if (w.offline.reading) return;
+    OfflineRecord record;
+    if (ReadRecord(w, record) == NoRecord) {
+        if (!w.offline.interrupted) TellEnd(w);
+        return;
+    }
+    ShowMessageTime(w, record.time);
+    if (!RepairMessage(w, record.message)) return;
+    TakeRecord(w, record);
+    DrawRecord(w);
+    UpdateAxes(w);
+    UpdateBackscatterPlot(w);
+    ShowInMessageWindow(w, record);
+}
+
+void StepBack(Workstation& w) {
+    OfflineState& offline = w.offline;
+    if (offline.reading) return;
+    if (offline.OfflineMessageNo <= 1) return Tell(w, "Start of File");
+    CurrentSlot(w).Valid = 0;
+    --offline.OfflineMessageNo;
+    if (offline.OfflineMessageNo > RingRefill) RefillRing(w, offline.OfflineMessageNo - RingRefill);
+    OfflineRecord record;
+    const std::int16_t kind = SeekRecord(w, offline.OfflineMessageNo, record);
+    UpdateProgress(w);
+    ShowMessageTime(w, record.time);
+    if (kind == NoRecord) return Tell(w, "Saved message invalid");
+    if (RepairMessage(w, record.message)) ShowRecordBefore(w, record);
+    EnableForwardAndPlay(w, true);
+}
+
+void PlayFile(Workstation& w) {
+    if (w.offline.reading || w.offline.OfflineFileNo == 0) return;
+    w.intake.ReplayBusy = -1;
+    EnableForwardAndPlay(w, false);
+    EnableStartAndBack(w, false);
+    w.frmMain.Toolbar1.Stop.Enabled = true;
+    try {
+        PlayRecords(w);
+        if (w.offline.OfflineFileNo == 0) {
+            w.intake.ReplayBusy = 0;
+            return;
+        }
+        FinishPlay(w);
+    } catch (const RuntimeError& error) {
+        ReportError(w, error);
+    }
+    w.intake.ReplayBusy = 0;
+    EnableStartAndBack(w, true);
+    w.frmMain.Toolbar1.Stop.Enabled = false;
+}
+
+void ToolbarStop_Click(Workstation& w) { w.offline.PlayStopRequested = -1; }
+
+void ToolbarCloseFile_Click(Workstation& w) {
+    w.frmMain.mnuOpenTerminal.Enabled = true;
+    CloseOffline(w);
+}
+
+void ShowCurrentRecord(Workstation& w) {
+    if (!w.frmMain.mnuFileOpen.Checked || w.offline.reading) return;
+    OfflineRecord record;
+    SeekRecord(w, w.offline.OfflineMessageNo, record);
+    if (record.message.empty()) return;
+    AddToMessageWindow(w, "\r\n" + Format(record.time, "Short Date") + "-" +
+                              Format(record.time, "ttttt") + " " + record.message);
+}
+
+void UpdateProgress(Workstation& w) {
+    const OfflineState& offline = w.offline;
+    ReplayProgress& progress = w.offline.progress;
+    if (offline.file) {
+        progress.position = offline.file->Position();
+        progress.size = offline.file->Size();
+    }
+    progress.records = offline.OfflineMessageNo;
+    const bool set = offline.OfflineFileCount > 1;
+    progress.file = set ? offline.OfflineFileIndex - 1 : 1;
+    progress.files = set ? offline.OfflineFileCount - 1 : 1;
+}
+
+}  // namespace cumeron
