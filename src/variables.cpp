@@ -45,6 +45,7 @@ VariableList ListVariables() {
     ListIntakeVariables(list);
     ListReadingsVariables(list);
     ListGraphVariables(list);
+    ListLoggingVariables(list);
     ListOfflineVariables(list);
     ListShellVariables(list);
     return list;

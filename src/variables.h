@@ -66,6 +66,7 @@ void ListSettings(VariableList& list);
 void ListIntakeVariables(VariableList& list);
 void ListReadingsVariables(VariableList& list);
 void ListGraphVariables(VariableList& list);
+void ListLoggingVariables(VariableList& list);
 void ListOfflineVariables(VariableList& list);
 void ListShellVariables(VariableList& list);
 

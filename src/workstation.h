@@ -9,6 +9,8 @@
 #include "graphs/graph_history.h"
 #include "intake/intake.h"
 #include "intake/models.h"
+#include "logging/log_file.h"
+#include "logging/log_settings.h"
 #include "logging/playback.h"
 #include "platform/platform.h"
 #include "readings/instant_values.h"
@@ -34,6 +36,7 @@ struct Workstation {
     IntakeState intake;
     ReadingsState readings;
     GraphState graphs;
+    LogState logging;
     OfflineState offline;
     ShellState shell;
 
@@ -48,12 +51,13 @@ struct Workstation {
     FrmCType frmCType;
     FrmBackScatter frmBackScatter;
     FrmClouds frmClouds;
+    FrmSetLog frmSetLog;
 
     SerialLine& comCTLine() { return platform.line; }
     // Every form, frmMain first.
     std::vector<Form*> Forms() {
         return {&frmMain,  &frmDebug,   &frmStatus, &frmSmsg,        &frmSkyCond, &frmStart,
-                &frmAbout, &ConfigScrn, &frmCType,  &frmBackScatter, &frmClouds};
+                &frmAbout, &ConfigScrn, &frmCType,  &frmBackScatter, &frmClouds,  &frmSetLog};
     }
 };
 

@@ -185,6 +185,14 @@ void SetProfileScale(Workstation& w, std::string_view frameText, std::int16_t id
     if (w.model.family == Family::TQ60) scale = 4;
 }
 
+// kept: this comes before the message is logged, so that a write that failed is told with the next
+// message.
+void TellSaveError(Workstation& w) {
+    if (w.frmMain.mnuLogOn.Checked && w.logging.LogWriteOk == 0) {
+        SetErrorsPanel(w, "SAVE ERROR", Red);
+    }
+}
+
 }  // namespace
 
 std::int16_t ClassifyMessage(Workstation& w, std::string_view frameText, std::string& payload) {
@@ -195,7 +203,8 @@ std::int16_t ClassifyMessage(Workstation& w, std::string_view frameText, std::st
         payload = CutPayload(w, frameText);
         const bool isRV = w.model.family == Family::RV;
         if (isRV && TextStandsAt(frameText, 7, "R")) {
-            // kept: a raw message says nothing about scales and leaves the last one.
+            // kept: a raw message says nothing about scales and leaves the last one, nor about the
+            // log.
             SetErrorsPanel(w, RawMessageText, Black);
             return RawMessage;
         }
@@ -203,6 +212,7 @@ std::int16_t ClassifyMessage(Workstation& w, std::string_view frameText, std::st
         id = ClassifyByKinds(w, kinds, frameText, payload.size());
     }
     SetProfileScale(w, frameText, id);
+    TellSaveError(w);
     return id;
 }
 

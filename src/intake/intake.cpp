@@ -9,6 +9,8 @@
 #include "intake/decode.h"
 #include "intake/interval.h"
 #include "intake/port.h"
+#include "logging/log_file.h"
+#include "logging/rotation.h"
 #include "platform/runtime/dates.h"
 #include "platform/runtime/errors.h"
 #include "platform/runtime/text.h"
@@ -105,7 +107,9 @@ const ProfileSlotRecord& StoreMessage(Workstation& w) {
 void NoteStatusChange(Workstation& w, std::string_view frame) {
     if (w.settings.Status_Log != 1) return;
     const std::string status = Mid(frame, w.model.PosStatus, 5);
-    if (status != w.intake.PreviousStatus) w.intake.PreviousStatus = status;
+    if (status == w.intake.PreviousStatus) return;
+    w.intake.PreviousStatus = status;
+    if (w.frmMain.mnuLogOn.Checked) WriteStatusNote(w);
 }
 
 void SendDownTheRoad(Workstation& w, std::string_view frame) {
@@ -114,6 +118,7 @@ void SendDownTheRoad(Workstation& w, std::string_view frame) {
     const ProfileSlotRecord& slot = StoreMessage(w);
     if (w.frmMain.mnuLinePlot.Checked) UpdateBackscatterPlot(w);
     AddGraphColumn(w, slot.Profile, slot.Valid != 0);
+    if (w.frmMain.mnuLogOn.Checked) WriteLogRecord(w, w.logging.LogFileNumber, frame);
     NoteStatusChange(w, frame);
 }
 
@@ -240,11 +245,6 @@ void Redial(Workstation& w, std::int32_t age) {
     w.intake.RedialCount = 0;
 }
 
-void ShowLogState(Workstation& w) {
-    if (w.frmMain.mnuLogOn.Checked || w.frmMain.sbaStatus.Log.Text == "DISK FULL") return;
-    SetLogPanel(w, "LOG OFF");
-}
-
 }  // namespace
 
 void HandleMessage(Workstation& w, std::string_view frame) {
@@ -267,7 +267,8 @@ void tmrClock_Tick(Workstation& w) {
     const std::int32_t age = DateDiffSeconds(w.graphs.MessageTime, now);
     ResumeNext([&] { WatchSilence(w, now, age); });
     ResumeNext([&] { Redial(w, age); });
-    ResumeNext([&] { ShowLogState(w); });
+    ResumeNext([&] { RotateLog(w); });
+    ResumeNext([&] { WatchDisk(w); });
 }
 
 }  // namespace cumeron

@@ -4,7 +4,9 @@
 #include "graphs/cloud_settings.h"
 #include "intake/intake.h"
 #include "intake/port.h"
+#include "logging/log_settings.h"
 #include "logging/playback.h"
+#include "logging/rotation.h"
 #include "shell/indicators.h"
 #include "shell/main_window.h"
 #include "workstation.h"
@@ -39,12 +41,6 @@ void mnuContents_Click(Workstation& w) {
 }
 
 void mnuIndex_Click(Workstation& w) { ShowHelp(w, HelpFile, HelpTopic, IndexTopic); }
-
-// A click has turned the check style button already; without a log it comes up again.
-void ToolbarLog_Click(Workstation& w) {
-    w.frmMain.Toolbar1.Log.Value = w.frmMain.mnuLogOn.Checked ? 1 : 0;
-    NotYet("The log")(w);
-}
 
 // click is null for a menu of its own and for what this version does not have; later names the
 // latter's feature.
@@ -93,10 +89,10 @@ constexpr MenuRow MenuRows[] = {
      "Copying the graph"},
 
     {&FrmMain::mnuLog, "mnuLog", "", "&Log", nullptr},
-    {&FrmMain::mnuLogOn, "mnuLogOn", "mnuLog", "&On", nullptr, "The log"},
-    {&FrmMain::mnuLogOff, "mnuLogOff", "mnuLog", "O&ff", nullptr, "The log"},
-    {&FrmMain::mnuLogSettings, "mnuLogSettings", "mnuLog", "&Settings...", nullptr,
-     "The log settings dialog", Separator},
+    {&FrmMain::mnuLogOn, "mnuLogOn", "mnuLog", "&On", mnuLogOn_Click},
+    {&FrmMain::mnuLogOff, "mnuLogOff", "mnuLog", "O&ff", mnuLogOff_Click},
+    {&FrmMain::mnuLogSettings, "mnuLogSettings", "mnuLog", "&Settings...", mnuLogSettings_Click,
+     nullptr, Separator},
 
     {&FrmMain::mnuShow, "mnuShow", "", "&View", nullptr},
     {&FrmMain::mnuLinePlot, "mnuLinePlot", "mnuShow", "Backscatter &Profile", mnuLinePlot_Click},

@@ -2,8 +2,10 @@
 
 #include <algorithm>
 
+#include "logging/log_file.h"
 #include "logging/playback.h"
 #include "readings/status_words.h"
+#include "shell/indicators.h"
 #include "shell/main_window.h"
 #include "workstation.h"
 
@@ -85,6 +87,9 @@ void Fstatusbutton_Click(Workstation& w) {
     w.platform.events.DoEvents();
     if (RefusesRv10x(w, "KN30, KN50, RV70X and RV20X")) return;
     UnloadForm(w, w.frmStatus);
+    if (w.frmMain.mnuLogOn.Checked && w.settings.Status_Log == 1) {
+        ReportAndGoOn(w, [&] { WriteStatusNote(w); });
+    }
     NotYet("The status enquiry")(w);
 }
 

@@ -10,6 +10,7 @@
 #include "graphs/time_axis.h"
 #include "intake/models.h"
 #include "intake/port.h"
+#include "logging/rotation.h"
 #include "platform/runtime/dates.h"
 #include "platform/runtime/errors.h"
 #include "platform/runtime/text.h"
@@ -29,6 +30,7 @@ void Form_Initialize(Workstation& w) {
     constexpr std::int32_t fixedRanges[] = {128, 255, 514, 751};
     std::ranges::copy(fixedRanges, w.graphs.RangeTable.begin() + 1);
     w.intake.ProfileScale = 1;
+    w.logging.ReportLogErrors = 1;
 }
 
 void NumberThisCopy(Workstation& w) {
@@ -135,6 +137,7 @@ void LoadMainWindow(Workstation& w) {
     SetUpGraphs(w);
     ReadSettingsThrough(w, reading, "Log_on");
     if (w.settings.Port_open != 0) mnuOpenPort_Click(w);
+    if (w.settings.Log_on != 0) mnuLogOn_Click(w);
     // kept: this comes last, over the "NO MESSAGE" of a port that was just opened; the next tick or
     // message puts the panel right.
     SetErrorsPanel(w, "OFF-line", Red);
@@ -184,6 +187,9 @@ void Form_Unload(Workstation& w) {
         ReportAndGoOn(w, [&] { ChangeWindowState(w, w.frmMain, 0); });
         mnuSaveSettingsNow_Click(w);
     }
+    ReportAndGoOn(w, [&] {
+        if (w.frmMain.mnuLogOn.Checked) WriteClosedLine(w);
+    });
     ReportAndGoOn(w, [&] { UnloadForm(w, w.frmDebug); });
     throw ProcessEnd{0};
 }
