@@ -8,6 +8,7 @@
 #include "ui_frmBackScatter.h"
 #include "ui_frmCType.h"
 #include "ui_frmClouds.h"
+#include "ui_frmSetLog.h"
 #include "ui_frmStart.h"
 #include "ui_frmStatus.h"
 
@@ -25,9 +26,13 @@ void SetUp(QWidget* client) {
 }
 
 constexpr Design Designs[] = {
-    {"ConfigScrn", SetUp<Ui::ConfigScrn>},         {"frmAbout", SetUp<Ui::frmAbout>},
-    {"frmBackScatter", SetUp<Ui::frmBackScatter>}, {"frmCType", SetUp<Ui::frmCType>},
-    {"frmClouds", SetUp<Ui::frmClouds>},           {"frmStart", SetUp<Ui::frmStart>},
+    {"ConfigScrn", SetUp<Ui::ConfigScrn>},
+    {"frmAbout", SetUp<Ui::frmAbout>},
+    {"frmBackScatter", SetUp<Ui::frmBackScatter>},
+    {"frmCType", SetUp<Ui::frmCType>},
+    {"frmClouds", SetUp<Ui::frmClouds>},
+    {"frmSetLog", SetUp<Ui::frmSetLog>},
+    {"frmStart", SetUp<Ui::frmStart>},
     {"frmStatus", SetUp<Ui::frmStatus>},
 };
 

@@ -1,10 +1,15 @@
-// The controls of a form view into which the operator puts something: texts, options, check boxes
-// and lists. What was put in goes to the record first, then its handler runs.
+// The controls of a form view into which the operator puts something: texts, options, check boxes,
+// lists of items, drives and folders, pages. What was put in goes to the record first, then its
+// handler runs.
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QFontDatabase>
+#include <QKeyEvent>
+#include <QListWidget>
 #include <QRadioButton>
+#include <QTabBar>
+#include <algorithm>
 
 #include "platform/host/form_steps.h"
 #include "platform/host/form_view.h"
@@ -63,6 +68,62 @@ void ShowChosen(const ComboBox& record, QComboBox* list) {
     if (record.Editable && list->currentText() != text) list->setEditText(text);
 }
 
+// A text with a mask shows a line where a place is still empty.
+QString LineText(const QLineEdit& edit) {
+    return edit.inputMask().isEmpty() ? edit.text() : edit.displayText();
+}
+
+// Enter opens the folder under the cursor, and is then no press of the default button.
+class EnterOpens : public QObject {
+public:
+    explicit EnterOpens(QListWidget* folders) : QObject(folders), list(folders) {
+        list->installEventFilter(this);
+    }
+
+private:
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() != QEvent::KeyPress) return false;
+        const int key = static_cast<QKeyEvent*>(event)->key();
+        if (key != Qt::Key_Return && key != Qt::Key_Enter) return false;
+        if (list->currentItem() != nullptr) emit list->itemActivated(list->currentItem());
+        return true;
+    }
+
+    QListWidget* list;
+};
+
+void ShowDrives(const DriveList& record, std::vector<std::string> drives, QComboBox* list) {
+    if (std::find(drives.begin(), drives.end(), record.Drive) == drives.end()) {
+        drives.push_back(record.Drive);
+    }
+    list->clear();
+    for (const std::string& drive : drives) list->addItem(ToUnicode(drive));
+    list->setCurrentText(ToUnicode(record.Drive));
+}
+
+// One more folder of the list, as deep below the first as it lies there.
+QListWidgetItem* AddFolder(QListWidget* list, const std::string& path, int depth) {
+    const std::size_t name = path == "/" ? 0 : path.rfind('/') + 1;
+    auto* item = new QListWidgetItem(QString(2 * depth, ' ') + ToUnicode(path.substr(name)), list);
+    item->setData(Qt::UserRole, QByteArray::fromStdString(path));
+    return item;
+}
+
+// The way down to the folder, the folder, and what lies in it.
+void ShowFolders(const std::string& folder, const std::vector<std::string>& inside,
+                 QListWidget* list) {
+    list->clear();
+    QListWidgetItem* last = AddFolder(list, "/", 0);
+    int depth = 0;
+    for (std::size_t end = 0; end < folder.size() && folder != "/";) {
+        end = std::min(folder.find('/', end + 1), folder.size());
+        last = AddFolder(list, folder.substr(0, end), ++depth);
+    }
+    const std::string start = folder.ends_with('/') ? folder : folder + "/";
+    for (const std::string& name : inside) AddFolder(list, start + name, depth + 1);
+    list->setCurrentItem(last);
+}
+
 }  // namespace
 
 void FormView::Bind(const NamedControl& named, TextBox& record) {
@@ -95,11 +156,12 @@ void FormView::BindLine(const NamedControl& named, TextBox& record) {
     NameAfterControl(named, edit, designed);
     if (!record.FontName.empty()) edit->setFont(FontOf(record.FontName));
     if (record.KeyPress) new LineGate(edit, GateOf(record));
+    if (!record.Mask.empty()) edit->setInputMask(ToUnicode(record.Mask).replace('#', '9') + ";_");
     connect(edit, &QLineEdit::textEdited, this,
-            [this, &record, edit] { TakeText(record, edit->text()); });
+            [this, &record, edit] { TakeText(record, LineText(*edit)); });
     steps.push_back([&record, edit] {
         const QString text = ToUnicode(record.Text);
-        if (edit->text() != text) edit->setText(text);
+        if (LineText(*edit) != text) edit->setText(text);
     });
     steps.push_back(OnChange(
         record, [](const TextBox& r) { return r.SelStart; },
@@ -178,6 +240,55 @@ void FormView::Bind(const NamedControl& named, ComboBox& record) {
         record, [](const ComboBox& r) { return r.Items; },
         [list](const ComboBox& r) { ShowItems(r, list); }));
     steps.push_back([&record, list] { ShowChosen(record, list); });
+}
+
+// What is there may have changed since the form was open last.
+void FormView::Bind(const NamedControl& named, DriveList& record) {
+    auto* list = WidgetFor<QComboBox>(named);
+    Follow(named, record, list);
+    NameAfterControl(named, list, designed);
+    connect(list, &QComboBox::activated, this, [this, &record, list] {
+        record.Drive = FromUnicode(list->currentText());
+        Run(record.Change);
+    });
+    steps.push_back(OnChange(
+        record, [this](const DriveList& r) { return std::make_tuple(r.Drive, form.Loaded); },
+        [this, list](const DriveList& r) {
+            ShowDrives(r, calls.drives ? calls.drives() : std::vector<std::string>(), list);
+        }));
+}
+
+void FormView::Bind(const NamedControl& named, FolderList& record) {
+    auto* list = WidgetFor<QListWidget>(named);
+    Follow(named, record, list);
+    NameAfterControl(named, list, designed);
+    new EnterOpens(list);
+    connect(list, &QListWidget::itemActivated, this, [this, &record](QListWidgetItem* item) {
+        record.Path = item->data(Qt::UserRole).toByteArray().toStdString();
+        Run(record.Change);
+    });
+    connect(list, &QListWidget::itemClicked, this, [this, &record] { Run(record.Click); });
+    steps.push_back(OnChange(
+        record, [this](const FolderList& r) { return std::make_tuple(r.Path, form.Loaded); },
+        [this, list](const FolderList& r) {
+            const std::vector<std::string> none;
+            ShowFolders(r.Path, calls.foldersIn ? calls.foldersIn(r.Path) : none, list);
+        }));
+}
+
+void FormView::Bind(const NamedControl& named, TabStrip& record) {
+    auto* strip = WidgetFor<QTabBar>(named);
+    Follow(named, record, strip);
+    NameAfterControl(named, strip, designed);
+    for (const std::string& page : record.Pages) strip->addTab(ToUnicode(page));
+    connect(strip, &QTabBar::currentChanged, this, [this, &record](int page) {
+        if (page == record.Selected) return;
+        record.Selected = page;
+        Run(record.Click);
+    });
+    steps.push_back([&record, strip] {
+        if (strip->currentIndex() != record.Selected) strip->setCurrentIndex(record.Selected);
+    });
 }
 
 }  // namespace cumeron

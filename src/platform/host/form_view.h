@@ -26,6 +26,9 @@ struct ViewCalls {
     std::function<FormWindow*(const Form&)> outer;
     // The tip over a control that changes with time, asked when it is shown; "" for none.
     std::function<QString(const std::string& control)> tip;
+    // What lists of drives and folders offer; empty functions offer nothing.
+    std::function<std::vector<std::string>()> drives;
+    std::function<std::vector<std::string>(const std::string& folder)> foldersIn;
 };
 
 // Heights of the bars in pixels, for forms that have them.
@@ -65,6 +68,9 @@ private:
     void Bind(const NamedControl& named, OptionButton& record);
     void Bind(const NamedControl& named, CheckBox& record);
     void Bind(const NamedControl& named, ComboBox& record);
+    void Bind(const NamedControl& named, DriveList& record);
+    void Bind(const NamedControl& named, FolderList& record);
+    void Bind(const NamedControl& named, TabStrip& record);
     void Bind(const NamedControl&, Timer&) {}  // the host view's
 
     void BindAll();

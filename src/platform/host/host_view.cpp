@@ -92,6 +92,10 @@ FormView& HostView::ViewOf(Form& form) {
         calls.tip = [this](const std::string& control) {
             return control == "fraValues" ? ReceptionTip(workstation) : QString();
         };
+        calls.drives = [this] { return machine.files.Drives(); };
+        calls.foldersIn = [this](const std::string& folder) {
+            return machine.files.FoldersIn(folder);
+        };
         view = std::make_unique<FormView>(form, calls, HeightsOf(form));
         shownNumber = 0;  // its window has no icon yet
     }
