@@ -1,7 +1,7 @@
 # What an installation consists of, and the Debian package made of it by cpack.
 include(GNUInstallDirs)
 
-install(TARGETS cumeron cumeron-drive cumeron-sim RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+install(TARGETS cumeron cumeron-drive cumeron-sim cumeron-zip RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 
 file(STRINGS CHANGELOG.md newest_change REGEX "^## " LIMIT_COUNT 1)
 if(NOT newest_change MATCHES "^## ${PROJECT_VERSION}(,|$)")
@@ -26,5 +26,6 @@ set(CPACK_PACKAGE_VENDOR "the Cumeron developers")
 set(CPACK_PACKAGE_CONTACT "the Cumeron developers <dev@cumeron.invalid>")
 set(CPACK_DEBIAN_PACKAGE_SECTION science)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+set(CPACK_DEBIAN_PACKAGE_DEPENDS zip) # called by cumeron-zip
 set(CPACK_STRIP_FILES ON)
 include(CPack)

@@ -9,6 +9,7 @@
 #include <QListWidget>
 #include <QRadioButton>
 #include <QTabBar>
+#include <QToolButton>
 #include <algorithm>
 
 #include "platform/host/form_steps.h"
@@ -281,6 +282,8 @@ void FormView::Bind(const NamedControl& named, TabStrip& record) {
     Follow(named, record, strip);
     NameAfterControl(named, strip, designed);
     for (const std::string& page : record.Pages) strip->addTab(ToUnicode(page));
+    // The keys go from page to page, and bring a hidden one into sight by themselves.
+    for (auto* arrow : strip->findChildren<QToolButton*>()) arrow->setFocusPolicy(Qt::NoFocus);
     connect(strip, &QTabBar::currentChanged, this, [this, &record](int page) {
         if (page == record.Selected) return;
         record.Selected = page;
