@@ -162,6 +162,116 @@ TEST(MemoryFiles, SettingsFilesFollowTheStyle) {
     EXPECT_EQ(files.Read(files.SettingsFolder() + "/CUMERON1.INI"), "settings");
 }
 
+TEST(MemoryFiles, EachDriveKeepsTheFolderInWhichItWasLeft) {
+    MemoryFiles files;
+    files.MakeFolder("D:\\X\\Y");
+    files.ChangeFolder("D:\\X\\");
+    EXPECT_EQ(files.CurrentFolder(), "D:\\X");
+    files.Append("A", "in X");
+    EXPECT_EQ(files.Read("D:\\X\\A"), "in X");
+    files.ChangeFolder("Y");
+    EXPECT_EQ(files.CurrentFolder(), "D:\\X\\Y");
+    files.ChangeFolder("c:");
+    EXPECT_EQ(files.CurrentFolder(), "C:\\CUMERON");
+    files.Append("D:B", "in Y");
+    EXPECT_EQ(files.Read("D:\\X\\Y\\B"), "in Y");
+    files.ChangeFolder("D:");
+    EXPECT_EQ(files.CurrentFolder(), "D:\\X\\Y");
+    files.ChangeFolder("..");
+    EXPECT_EQ(files.CurrentFolder(), "D:\\X");
+    files.ChangeFolder("D:\\");
+    EXPECT_EQ(files.CurrentFolder(), "D:\\");
+    files.Append("C", "in the root");
+    EXPECT_EQ(files.Read("D:\\C"), "in the root");
+}
+
+TEST(MemoryFiles, GoingNowhereStaysHere) {
+    MemoryFiles files;
+    files.Put("A", "");
+    const struct {
+        const char* folder;
+        int error;
+    } cases[] = {{"E:", 68}, {"E:\\X", 76}, {"C:\\NONE", 76}, {"A", 76}};
+    for (const auto& c : cases) {
+        EXPECT_EQ(ErrorOf([&] { files.ChangeFolder(c.folder); }), c.error) << c.folder;
+        EXPECT_EQ(files.CurrentFolder(), "C:\\CUMERON");
+    }
+}
+
+TEST(MemoryFiles, PosixHasOneCurrentFolder) {
+    MemoryFiles files;
+    files.SetStyle(PathStyle::Posix);
+    EXPECT_EQ(files.CurrentFolder(), "/home/user");
+    files.MakeFolder("/home/user/log");
+    files.ChangeFolder("log/");
+    EXPECT_EQ(files.CurrentFolder(), "/home/user/log");
+    files.Append("a", "text");
+    EXPECT_EQ(files.Read("/home/user/log/a"), "text");
+    files.ChangeFolder("/");
+    EXPECT_EQ(files.CurrentFolder(), "/");
+    EXPECT_EQ(files.Read("home/user/log/a"), "text");
+    EXPECT_EQ(ErrorOf([&] { files.ChangeFolder("C:"); }), 76);
+}
+
+TEST(MemoryFiles, TellsDrivesAndFolders) {
+    MemoryFiles files;
+    for (const char* folder : {"C:\\LOG", "C:\\LOG\\Deep", "D:\\Arc"}) files.MakeFolder(folder);
+    files.Put("C:\\LOG\\file", "");
+    EXPECT_EQ(files.Drives(), (std::vector<std::string>{"C:", "D:"}));
+    EXPECT_EQ(files.FoldersIn("C:\\"), (std::vector<std::string>{"CUMERON", "LOG", "WINDOWS"}));
+    EXPECT_EQ(files.FoldersIn("c:\\log\\"), std::vector<std::string>{"Deep"});
+    EXPECT_EQ(files.FoldersIn("D:"), std::vector<std::string>{"Arc"});
+    EXPECT_TRUE(files.FoldersIn("E:\\").empty());
+    files.SetStyle(PathStyle::Posix);
+    EXPECT_EQ(files.Drives(), std::vector<std::string>{"/"});
+    EXPECT_EQ(files.FoldersIn("/home"), std::vector<std::string>{"user"});
+    EXPECT_TRUE(files.FoldersIn("/home/user/none").empty());
+}
+
+TEST(MemoryFiles, DeletingTellsWhatIsMissing) {
+    MemoryFiles files;
+    files.Put("A", "text");
+    files.Delete("c:\\cumeron\\a");
+    EXPECT_FALSE(files.Exists("A"));
+    EXPECT_EQ(ErrorOf([&] { files.Delete("A"); }), 53);
+    EXPECT_EQ(ErrorOf([&] { files.Delete("C:\\CUMERON"); }), 75);
+}
+
+TEST(MemoryFiles, AnOpenFileSeesWhatIsAppended) {
+    MemoryFiles files;
+    files.Put("A", "abcdef");
+    const auto file = files.OpenForReading("A");
+    char bytes[4] = "...";
+    EXPECT_EQ(file->Read(bytes, 3), 3U);
+    EXPECT_STREQ(bytes, "abc");
+    EXPECT_EQ(file->Position(), 3);
+    file->Seek(5);
+    EXPECT_EQ(file->Read(bytes, 3), 1U);
+    EXPECT_EQ(file->Read(bytes, 3), 0U);
+    files.AppendSafely("A", "gh");
+    EXPECT_EQ(file->Size(), 8);
+    EXPECT_EQ(file->Read(bytes, 3), 2U);
+    file->Seek(100);
+    EXPECT_EQ(file->Read(bytes, 3), 0U);
+    files.Delete("A");
+    file->Seek(0);
+    EXPECT_EQ(file->Read(bytes, 3), 3U);
+    EXPECT_STREQ(bytes, "abc");
+    EXPECT_EQ(ErrorOf([&] { files.OpenForReading("A"); }), 53);
+    files.Put("A", "");
+    files.FailNextOpen("A", 70);
+    EXPECT_EQ(ErrorOf([&] { files.OpenForReading("A"); }), 70);
+}
+
+TEST(MemoryFiles, SafeAppendingFailsAsAnyOther) {
+    MemoryFiles files;
+    EXPECT_EQ(ErrorOf([&] { files.AppendSafely("", "x"); }), 75);
+    EXPECT_EQ(ErrorOf([&] { files.AppendSafely("C:\\NONE\\A", "x"); }), 76);
+    files.FillDiskAfter(2);
+    EXPECT_EQ(ErrorOf([&] { files.AppendSafely("A", "abc"); }), 61);
+    EXPECT_EQ(files.Content("A"), "ab");
+}
+
 TEST(MemoryFiles, ScriptMakesFoldersButNoDrives) {
     MemoryFiles files;
     files.Put("C:\\LOG\\A", "text");

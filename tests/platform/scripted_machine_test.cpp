@@ -96,6 +96,11 @@ TEST(ScriptedMachine, RefusedStartOfAProgramIsNone) {
     EXPECT_TRUE(machine.process.started.empty());
     machine.process.Help("A.HLP", 1, 50);
     EXPECT_EQ(machine.process.started.front(), "help A.HLP 1 50");
+    machine.process.nextStartError = 53;
+    EXPECT_THROW(machine.process.Start("zip", {}, "zip"), RuntimeError);
+    machine.process.Start("zip", {"a b", "c"}, "zip \"a b\" c");
+    EXPECT_EQ(machine.process.started.back(), "zip \"a b\" c");
+    EXPECT_EQ(machine.process.startedWords, (std::vector<std::string>{"zip", "a b", "c"}));
 }
 
 TEST(ScriptedMachine, ApplicationFolderFollowsTheStyle) {

@@ -159,6 +159,7 @@ TEST(MainWindow, HelpIsAskedForByTwoNames) {
 struct NoHelp : Process {
     std::string CommandLine() const override { return ""; }
     std::string ApplicationFolder() const override { return ""; }
+    void Start(const std::string&, const std::vector<std::string>&, const std::string&) override {}
     void Help(const std::string&, int, int) override { throw RuntimeError(53); }
 };
 
@@ -174,15 +175,6 @@ TEST(MainWindow, MissingHelpIsTold) {
         EXPECT_NE(machine.dialogs.TakeBox().value_or("").find("Error Number: 53"),
                   std::string::npos);
     }
-}
-
-TEST(MainWindow, LogButtonComesUpAgainWithoutALog) {
-    Program program;
-    ToolButton& button = program.Form().Toolbar1.Log;
-    button.Value = 1;
-    program.Click(button);
-    EXPECT_EQ(button.Value, 0);
-    EXPECT_EQ(program.machine.dialogs.TakeBox(), "The log is not part of this version yet.");
 }
 
 TEST(MainWindow, AutomaticPrintTurnsItsMark) {
