@@ -8,6 +8,7 @@
 #include "graphs/time_axis.h"
 #include "intake/classify.h"
 #include "intake/decode.h"
+#include "logging/rotation.h"
 #include "platform/runtime/dates.h"
 #include "platform/runtime/errors.h"
 #include "platform/runtime/text.h"
@@ -218,8 +219,7 @@ std::string AskForFiles(Workstation& w) {
 
 void LeaveLive(Workstation& w) {
     FrmMain& form = w.frmMain;
-    const Handler logOff = form.mnuLogOff.Click;
-    if (!form.mnuLogOff.Checked && logOff) logOff(w);
+    mnuLogOff_Click(w);
     EnableLiveMenus(w, false);
     form.mnuOpenTerminal.Enabled = false;
     form.mnuFileOpen.Checked = true;

@@ -121,7 +121,7 @@ TEST_F(Indicators, MessageTimesMeasureTheInterval) {
         std::int16_t compress, interval;
         std::vector<double> times;
         std::int16_t state, measured;
-        bool labelsDirty;
+        bool drawnAnew;
     } cases[] = {
         {"two are too few", 0, 15, {At(10, 0, 0), At(10, 0, 30)}, 2, 15, false},
         {"as set", 0, 15, {At(10, 0, 0), At(10, 0, 15), At(10, 0, 30)}, 4, 15, false},
@@ -139,6 +139,8 @@ TEST_F(Indicators, MessageTimesMeasureTheInterval) {
          24,
          false},
         {"spans differ", 0, 15, {At(10, 0, 0), At(10, 0, 20), At(10, 0, 50)}, 2, 15, false},
+        {"no span", 0, 15, {At(10, 0, 0), At(10, 0, 0), At(10, 0, 0)}, 2, 15, false},
+        {"backwards", 0, 15, {At(10, 0, 30), At(10, 0, 15), At(10, 0, 0)}, 2, 15, false},
         {"spans differ at first",
          0,
          15,
@@ -159,11 +161,16 @@ TEST_F(Indicators, MessageTimesMeasureTheInterval) {
         fresh.settings.Compress = c.compress;
         fresh.settings.Message_Interval = c.interval;
         fresh.graphs.TimeLabelsDirty = fresh.graphs.HeightLabelsDirty = 0;
+        Surface* const labels[] = {&fresh.frmMain.picXLabels, &fresh.frmMain.picYLabels};
+        for (Surface* surface : labels) surface->Print("old");
         for (const double when : c.times) ShowMessageTime(fresh, when);
         EXPECT_EQ(fresh.intake.IntervalSeekState, c.state) << c.what;
         EXPECT_EQ(fresh.settings.Message_Interval, c.measured) << c.what;
-        EXPECT_EQ(fresh.graphs.TimeLabelsDirty, c.labelsDirty ? -1 : 0) << c.what;
-        EXPECT_EQ(fresh.graphs.HeightLabelsDirty, c.labelsDirty ? -1 : 0) << c.what;
+        for (const Surface* surface : labels) {
+            const bool old = !surface->Printed().empty() && surface->Printed()[0].text == "old";
+            EXPECT_EQ(old, !c.drawnAnew) << c.what;
+        }
+        EXPECT_EQ(fresh.graphs.TimeLabelsDirty, 0) << c.what;
     }
 }
 
@@ -186,6 +193,7 @@ TEST_F(Indicators, AMeasuredIntervalThatDoesNotFitIsAnOverflow) {
             EXPECT_EQ(error.Number, 6);
         }
         EXPECT_EQ(fresh.settings.Message_Interval, 45) << "the old interval stays";
+        EXPECT_EQ(fresh.intake.IntervalSeekState, 4) << "later times are only shown";
     }
 }
 
