@@ -79,6 +79,40 @@ TEST(Inputs, TakeTheirValueBeforeTheirEvent) {
     });
 }
 
+// frmSetLog is shown without its Load.
+TEST(Inputs, TakeDrivesFoldersPagesAndMasks) {
+    const struct {
+        const char *lines, *trace;
+    } cases[] = {
+        {"set frmSetLog.drvLogPath D:\nexpect frmSetLog.drvLogPath D:\n", "drive=D: "},
+        {"set frmSetLog.drvLogPath.Drive D:\n", "drive=D: "},
+        {"set frmSetLog.dirLogPath \"C:\\\\LOG\"\nexpect frmSetLog.dirLogPath.Path \"C:\\\\LOG\"\n",
+         "folder=C:\\LOG "},
+        {"set frmSetLog.tabLogSet 1\nexpect frmSetLog.tabLogSet 1\n", "page=1 "},
+        {"set frmSetLog.medLogFileLength 12\nexpect frmSetLog.medLogFileLength 12\n", ""},
+        {"set frmSetLog.medLogFileLength 6\nexpect frmSetLog.medLogFileLength 6_\n", ""},
+        {"expect frmSetLog.medLogFileLength.Mask \"##\"\n", ""},
+    };
+    for (const auto& c : cases) {
+        Bench bench(c.lines);
+        FrmSetLog& form = bench.w.frmSetLog;
+        std::string trace;
+        form.Load = nullptr;
+        form.drvLogPath.Change = [&](Workstation&) {
+            trace += "drive=" + form.drvLogPath.Drive + " ";
+        };
+        form.dirLogPath.Change = [&](Workstation&) {
+            trace += "folder=" + form.dirLogPath.Path + " ";
+        };
+        form.tabLogSet.Click = [&](Workstation&) {
+            trace += "page=" + std::to_string(form.tabLogSet.Selected) + " ";
+        };
+        ShowForm(bench.w, form);
+        EXPECT_EQ(bench.Run(), "") << c.lines;
+        EXPECT_EQ(trace, c.trace) << c.lines;
+    }
+}
+
 TEST(Inputs, TellWhatTheyDoNotTake) {
     const struct {
         const char* line;
@@ -87,6 +121,11 @@ TEST(Inputs, TellWhatTheyDoNotTake) {
         {"click ConfigScrn.cboPort", "ConfigScrn.cboPort is a list, in which set chooses"},
         {"set ConfigScrn.cboPort 15", "the list has no such item"},
         {"set ConfigScrn.cboPort -1", "the list has no such item"},
+        {"set frmSetLog.tabLogSet 2", "the strip has no such page"},
+        {"set frmSetLog.tabLogSet -1", "the strip has no such page"},
+        {"set frmSetLog.drvLogPath.Visible True", "frmSetLog.drvLogPath.Visible is no input"},
+        {"set frmSetLog.dirLogPath.Visible True", "frmSetLog.dirLogPath.Visible is no input"},
+        {"set frmSetLog.tabLogSet.Visible True", "frmSetLog.tabLogSet.Visible is no input"},
         {"set ConfigScrn.cboPort com5", "\"com5\" is no number"},
         {"set ConfigScrn.cboPort.Text com16", "the list has no such item"},
         {"set ConfigScrn.cboPort.Left 5", "ConfigScrn.cboPort.Left is no input"},

@@ -143,5 +143,78 @@ TEST_F(HostFilesTest, FreeSpaceIsThatOfTheFolder) {
     EXPECT_FALSE(files.FreeDiskSpace(own.Path("nowhere")).has_value());
 }
 
+TEST_F(HostFilesTest, SafeAppendingDoesAndFailsAsAnyOther) {
+    const std::string name = own.Path("a.DAT");
+    files.AppendSafely(name, "12345");
+    files.AppendSafely(name, "");
+    {
+        const FullDisk full(8);
+        EXPECT_EQ(ErrorOf([&] { files.AppendSafely(name, "67890"); }), 61);
+    }
+    EXPECT_EQ(ReadFile(name), "12345678");
+    files.AppendSafely("/dev/null", "text");
+    EXPECT_EQ(ErrorOf([&] { files.AppendSafely("/dev/full", "text"); }), 61);
+    EXPECT_EQ(ErrorOf([&] { files.AppendSafely(own.Path("nowhere/a.DAT"), "text"); }), 76);
+    EXPECT_EQ(ErrorOf([&] { files.AppendSafely(own.Path("config"), "text"); }), 75);
+    EXPECT_EQ(ErrorOf([&] { files.AppendSafely("", "text"); }), 75);
+}
+
+TEST_F(HostFilesTest, AnOpenFileSeesWhatIsAppended) {
+    const std::string name = own.Path("a.DAT");
+    files.Append(name, "abcdef");
+    const auto file = files.OpenForReading(name);
+    char bytes[4] = "...";
+    EXPECT_EQ(file->Read(bytes, 3), 3U);
+    EXPECT_STREQ(bytes, "abc");
+    EXPECT_EQ(file->Position(), 3);
+    file->Seek(6);
+    EXPECT_EQ(file->Read(bytes, 3), 0U);
+    files.Append(name, "gh");
+    EXPECT_EQ(file->Size(), 8);
+    EXPECT_EQ(file->Read(bytes, 3), 2U);
+    file->Seek(100);
+    EXPECT_EQ(file->Read(bytes, 3), 0U);
+    EXPECT_EQ(ErrorOf([&] { files.OpenForReading(own.Path("none")); }), 53);
+    EXPECT_EQ(ErrorOf([&] { files.OpenForReading(own.Path("nowhere/none")); }), 76);
+    EXPECT_EQ(ErrorOf([&] { files.OpenForReading(own.Path("config")); }), 75);
+    EXPECT_EQ(ErrorOf([&] { files.OpenForReading("/proc/self/mem")->Read(bytes, 3); }), 57);
+}
+
+TEST_F(HostFilesTest, DeletingTellsWhatIsMissing) {
+    const std::string name = own.Path("a.DAT");
+    files.Append(name, "text");
+    files.Delete(name);
+    EXPECT_FALSE(files.Exists(name));
+    EXPECT_EQ(ErrorOf([&] { files.Delete(name); }), 53);
+    EXPECT_EQ(ErrorOf([&] { files.Delete(own.Path("config")); }), 75);
+}
+
+TEST_F(HostFilesTest, CurrentFolderFollowsAChange) {
+    const std::string before = files.CurrentFolder();
+    QDir(QString::fromStdString(own.Path("config"))).mkpath(QString::fromUtf8("H\xC3\xB6he"));
+    files.ChangeFolder(own.Path("config") + "/H\xF6he");
+    EXPECT_EQ(files.CurrentFolder(), own.Path("config") + "/H\xF6he");
+    files.Append("a.DAT", "text");
+    EXPECT_EQ(ReadFile(own.Path("config/H\xC3\xB6he/a.DAT")), "text");
+    EXPECT_EQ(ErrorOf([&] { files.ChangeFolder(own.Path("nowhere")); }), 76);
+    EXPECT_EQ(ErrorOf([&] { files.ChangeFolder("a.DAT"); }), 76);
+    EXPECT_EQ(files.CurrentFolder(), own.Path("config") + "/H\xF6he");
+    files.ChangeFolder(before);
+}
+
+TEST_F(HostFilesTest, TellsDrivesAndFolders) {
+    QDir config(QString::fromStdString(own.Path("config")));
+    for (const char* name : {"b", "a", "H\xC3\xB6he"}) config.mkpath(QString::fromUtf8(name));
+    WriteFile(own.Path("config/file"), "");
+    EXPECT_EQ(files.FoldersIn(own.Path("config")), (std::vector<std::string>{"H\xF6he", "a", "b"}));
+    EXPECT_TRUE(files.FoldersIn(own.Path("nowhere")).empty());
+    const std::vector<std::string> drives = files.Drives();
+    EXPECT_EQ(drives.front(), "/");
+    for (const std::string& drive : drives) {
+        EXPECT_TRUE(files.FreeDiskSpace(drive).has_value()) << drive;
+        EXPECT_FALSE(drive == "/proc" || drive.starts_with("/dev")) << drive;
+    }
+}
+
 }  // namespace
 }  // namespace cumeron

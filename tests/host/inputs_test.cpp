@@ -5,9 +5,12 @@
 #include <QCheckBox>
 #include <QClipboard>
 #include <QComboBox>
+#include <QDir>
 #include <QGuiApplication>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QRadioButton>
+#include <QTabBar>
 #include <QTest>
 
 #include "view_support.h"
@@ -20,7 +23,10 @@ struct InputForm : Form {
     OptionButton optSmall, optLarge, optOther;
     CheckBox chkOn;
     ComboBox cboList, cboTyped;
-    TextBox txtLine, txtGated;
+    TextBox txtLine, txtGated, txtMasked;
+    DriveList drvDisk;
+    FolderList dirFolder;
+    TabStrip tabPages;
 
     InputForm() {
         Name = "frmInput";
@@ -35,6 +41,9 @@ struct InputForm : Form {
         cboList.Items = {"one", "two", "three"};
         cboTyped.Items = {"300", "9600"};
         cboTyped.Editable = true;
+        txtMasked.Mask = "##";
+        drvDisk.Drive = dirFolder.Path = "/";
+        tabPages.Pages = {"One", "Two"};
         txtGated.KeyPress = [](Workstation&, int code) {
             return code == '1' || code == 8 || code == 127 ? 0 : std::toupper(code);
         };
@@ -48,7 +57,11 @@ struct InputForm : Form {
                 {"cboList", -1, "", &cboList},
                 {"cboTyped", -1, "", &cboTyped},
                 {"txtLine", -1, "", &txtLine},
-                {"txtGated", -1, "", &txtGated}};
+                {"txtGated", -1, "", &txtGated},
+                {"txtMasked", -1, "", &txtMasked},
+                {"drvDisk", -1, "", &drvDisk},
+                {"dirFolder", -1, "", &dirFolder},
+                {"tabPages", -1, "", &tabPages}};
     }
     void Reset() override { *this = InputForm(); }
 };
@@ -205,6 +218,86 @@ TEST_F(InputsTest, EveryWayIntoATextOfOneLineGoesThroughItsGate) {
     edit->end(false);
     edit->paste();
     EXPECT_EQ(form.txtGated.Text, "FROM RECORDXY");
+}
+
+TEST_F(InputsTest, AMaskedTextTakesDigitsAndShowsWhatIsMissing) {
+    auto* edit = Find<QLineEdit>("txtMasked");
+    form.txtMasked.Text = "06";
+    view.Sync();
+    EXPECT_EQ(edit->text(), "06");
+    edit->setFocus();
+    edit->selectAll();
+    QTest::keyClick(edit, Qt::Key_Delete);
+    EXPECT_EQ(form.txtMasked.Text, "__");
+    edit->setCursorPosition(0);
+    QTest::keyClicks(edit, "x1");
+    EXPECT_EQ(form.txtMasked.Text, "1_");
+    view.Sync();
+    EXPECT_EQ(edit->displayText(), "1_");
+    QTest::keyClicks(edit, "23");
+    EXPECT_EQ(form.txtMasked.Text, "12");
+}
+
+TEST_F(InputsTest, ADriveIsChosenAmongThoseThatAreThere) {
+    form.drvDisk.Change = Note("changed ");
+    auto* list = Find<QComboBox>("drvDisk");
+    EXPECT_EQ(list->itemText(0), "/");
+    EXPECT_EQ(list->currentText(), "/");
+    form.drvDisk.Drive = "/gone";
+    view.Sync();
+    EXPECT_EQ(list->currentText(), "/gone");
+    EXPECT_EQ(clicked, "");
+    QTest::keyClick(list, Qt::Key_Home);
+    EXPECT_EQ(form.drvDisk.Drive, "/");
+    EXPECT_EQ(clicked, "changed ");
+}
+
+TEST_F(InputsTest, FoldersLeadUpAndDown) {
+    const std::string top = own.Path("config");
+    QDir(QString::fromStdString(top)).mkpath(QString::fromUtf8("H\xC3\xB6he/deep"));
+    form.dirFolder.Change = Note("changed ");
+    form.dirFolder.Click = Note("clicked ");
+    form.dirFolder.Path = top + "/H\xF6he";
+    view.Sync();
+    auto* list = Find<QListWidget>("dirFolder");
+    ASSERT_GE(list->count(), 4);
+    EXPECT_EQ(list->item(0)->text(), "/");
+    EXPECT_EQ(list->item(list->count() - 1)->text().trimmed(), "deep");
+    EXPECT_EQ(list->currentItem()->text().trimmed(), QStringLiteral(u"H\u00F6he"));
+    EXPECT_EQ(list->currentRow(), list->count() - 2);
+
+    QTest::keyClick(list, Qt::Key_Down);
+    EXPECT_EQ(form.dirFolder.Path, top + "/H\xF6he") << "only where the cursor is";
+    QTest::keyClick(list, Qt::Key_Return);
+    EXPECT_EQ(form.dirFolder.Path, top + "/H\xF6he/deep");
+    EXPECT_EQ(clicked, "changed ");
+    EXPECT_EQ(list->currentItem()->text().trimmed(), "deep");
+    list->setCurrentRow(0);
+    QTest::keyClick(list, Qt::Key_Enter);
+    EXPECT_EQ(form.dirFolder.Path, "/");
+    EXPECT_EQ(list->currentRow(), 0);
+    clicked.clear();
+    const QRect item = list->visualItemRect(list->item(0));
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, item.center());
+    EXPECT_EQ(clicked, "clicked ");
+    list->clear();
+    QTest::keyClick(list, Qt::Key_Return);
+    EXPECT_EQ(form.dirFolder.Path, "/");
+}
+
+TEST_F(InputsTest, APageIsSelectedBeforeItsHandlerRuns) {
+    int seen = -1;
+    form.tabPages.Click = [&](Workstation&) { seen = form.tabPages.Selected; };
+    auto* strip = Find<QTabBar>("tabPages");
+    EXPECT_EQ(strip->count(), 2);
+    EXPECT_EQ(strip->tabText(1), "Two");
+    QTest::keyClick(strip, Qt::Key_Right);
+    EXPECT_EQ(seen, 1);
+    seen = -1;
+    form.tabPages.Selected = 0;
+    view.Sync();
+    EXPECT_EQ(strip->currentIndex(), 0);
+    EXPECT_EQ(seen, -1) << "the record's own change is no click";
 }
 
 }  // namespace
