@@ -35,6 +35,8 @@ constexpr PlaceRow PlaceRows[] = {
      &FrmSetLog::lblFreeZipSpace, &Settings::Zip_File_Path},
 };
 
+constexpr const PlaceRow& ZipPlace = PlaceRows[1];
+
 // A check box and the setting behind it.
 struct CheckRow {
     CheckBox FrmSetLog::*box;
@@ -121,7 +123,10 @@ void OfferOwnZipProgram(Workstation& w) {
     const bool isFree = settings.Zip_Exe.empty() && settings.Zip_File_Path.empty();
     if (HasDrives(w) || !isFree) return;
     w.frmSetLog.txtZipExe.Text = OwnZipProgram;
-    w.frmSetLog.txtZipPath.Text = FullName(w, settings.Log_File_Path);
+    const std::string folder = FullName(w, settings.Log_File_Path);
+    w.frmSetLog.txtZipPath.Text = folder;
+    ShowFolder(w, ZipPlace, folder);
+    ShowFreeSpace(w, ZipPlace);
 }
 
 std::string LengthText(double fileLength) {

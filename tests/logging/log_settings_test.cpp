@@ -320,9 +320,12 @@ TEST_F(LogSettings, OnSlashesTryTheFolderItselfAndStoreItInFull) {
 
 TEST_F(LogSettings, OnSlashesOfferTheOwnZipProgram) {
     UsePosix();
+    files.SetFreeDiskSpace("/home/user/log", 100000);
     Look([&] {
         EXPECT_EQ(form.txtZipExe.Text, "cumeron-zip");
         EXPECT_EQ(form.txtZipPath.Text, "/home/user/log");
+        EXPECT_EQ(form.dirZipPath.Path, "/home/user/log");
+        EXPECT_EQ(form.lblFreeZipSpace.Caption, "0.1 MB");
     });
     EXPECT_EQ(w.settings.Zip_Exe, "");
     w.settings.Zip_File_Path = "/arc";
