@@ -100,25 +100,21 @@ void OfferKinds(QFileDialog& dialog, const QList<FileKind>& kinds) {
     dialog.setNameFilters(filters);
     dialog.setOption(QFileDialog::HideNameFilterDetails);
     ShowKind(dialog, kinds.front());
-    QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, [&dialog, kinds, filters] {
-        const qsizetype chosen = filters.indexOf(dialog.selectedNameFilter());
-        if (chosen >= 0) ShowKind(dialog, kinds[chosen]);
-    });
-}
-
-// A text of the program where the code page has all of the name, else the bytes of the file system.
-std::string FromFileName(const QString& name) {
-    const std::string text = FromUnicode(name);
-    const std::string bytes = name.toStdString();
-    return ToFileName(text) == bytes ? text : bytes;
+    QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog,
+                     [&dialog, kinds, filters](const QString& filter) {
+                         const qsizetype chosen = filters.indexOf(filter);
+                         if (chosen >= 0) ShowKind(dialog, kinds[chosen]);
+                     });
 }
 
 // The full name of one file; of several the folder and each name in it.
 std::string NamesOf(const QStringList& files) {
-    if (files.size() == 1) return FromFileName(files.front());
+    if (files.size() == 1) return FromFileName(files.front().toStdString());
     const QDir folder = QFileInfo(files.front()).dir();
-    std::string names = FromFileName(folder.path());
-    for (const QString& file : files) names += '\0' + FromFileName(folder.relativeFilePath(file));
+    std::string names = FromFileName(folder.path().toStdString());
+    for (const QString& file : files) {
+        names += '\0' + FromFileName(folder.relativeFilePath(file).toStdString());
+    }
     return names;
 }
 

@@ -97,13 +97,6 @@ void WriteBeside(const std::string& temporary, const std::string& path, std::str
     file.Close();
 }
 
-// A name of the file system as the program knows it: a text of its own where its code page has the
-// characters.
-std::string FromFileName(const std::string& bytes) {
-    const std::string text = FromUnicode(QString::fromStdString(bytes));
-    return ToFileName(text) == bytes ? text : bytes;
-}
-
 // So that the new name outlives a power failure; a file system that cannot sync a folder has done
 // what it can.
 void SyncFolder(const std::string& folder) {

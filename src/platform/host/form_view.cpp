@@ -6,6 +6,7 @@
 #include <QToolTip>
 #include <cmath>
 
+#include "platform/host/file_drop.h"
 #include "platform/host/form_designs.h"
 #include "platform/host/form_steps.h"
 #include "platform/host/unicode.h"
@@ -92,6 +93,12 @@ void FormView::BindWindow() {
         if (state != form.WindowState) TellState(state, state == 2);
     };
     window->CloseAsked = [this] { Run([this](Workstation& w) { CloseForm(w, form); }); };
+    new FileDrop(
+        *window, [this] { return form.Enabled && form.DropFiles; },
+        [this](const FileDrop::Names& names) {
+            // By value: the handler may put its form back into the design state.
+            Run([drop = form.DropFiles, names](Workstation& w) { drop(w, names); });
+        });
     if (Has<Button>(controls)) {
         window->KeyPressed = [this](int key) { return KeyPressed(key); };
     }

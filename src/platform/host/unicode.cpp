@@ -53,4 +53,9 @@ std::string ToFileName(std::string_view name) {
     return ToUnicode(name).toStdString();
 }
 
+std::string FromFileName(const std::string& bytes) {
+    const std::string text = FromUnicode(QString::fromStdString(bytes));
+    return ToFileName(text) == bytes ? text : bytes;
+}
+
 }  // namespace cumeron

@@ -17,5 +17,8 @@ std::string FromUnicode(const QString& text);
 // The bytes by which the file system knows the name. A name that is UTF-8 already (a folder that
 // the environment gave) stays as it is; any other is taken as a text of the program.
 std::string ToFileName(std::string_view name);
+// The name for those bytes: a text of the program where the code page has all of it, else the bytes
+// themselves.
+std::string FromFileName(const std::string& bytes);
 
 }  // namespace cumeron
