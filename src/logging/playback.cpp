@@ -8,6 +8,8 @@
 #include "graphs/time_axis.h"
 #include "intake/classify.h"
 #include "intake/decode.h"
+#include "logging/file_set.h"
+#include "logging/recent_files.h"
 #include "logging/rotation.h"
 #include "platform/runtime/dates.h"
 #include "platform/runtime/errors.h"
@@ -28,7 +30,6 @@ constexpr std::string_view ChecksumStandIn = "1234567";  // of checksum and EOT 
 constexpr std::int16_t SkyRawMessage = 40;               // MessageId without instant values
 constexpr int RingRefill = 29;  // records between the current one and the oldest of the ring
 constexpr int TurnEvery = 5;    // messages of a play
-constexpr std::size_t FirstOfSet = 2, SecondOfSet = 3;  // elements of OfflineFileList
 
 bool IsKn(const Workstation& w) { return w.model.family == Family::KN; }
 
@@ -125,85 +126,11 @@ void EnableLiveButtons(Workstation& w, bool on) {
 
 void ShowBaseCaption(Workstation& w) { w.frmMain.Caption = w.shell.MainTitle; }
 
-void ShowFileInCaption(Workstation& w) {
-    w.frmMain.Caption = w.shell.MainTitle + "  [" + w.offline.OfflineFileName + "]";
-}
-
 void Tell(Workstation& w, const char* text) { w.platform.dialogs.MessageBox(text, BoxButtons::Ok); }
 
 void TellEnd(Workstation& w) {
     Tell(w, "End of file");
     EnableForwardAndPlay(w, false);
-}
-
-// ---- Sets of files ----
-
-std::string JoinName(const Workstation& w, std::string folder, const std::string& name) {
-    if (w.platform.files.Style() == PathStyle::Windows) return folder + "\\" + name;
-    if (folder.ends_with('/')) folder.pop_back();
-    return folder + "/" + name;
-}
-
-// The folder of a full name, without the separator; the current one for a bare name.
-std::string FolderOf(const Workstation& w, const std::string& name) {
-    const char separator = w.platform.files.Style() == PathStyle::Windows ? '\\' : '/';
-    const std::size_t last = name.rfind(separator);
-    return last == name.npos ? w.platform.files.CurrentFolder() : name.substr(0, last);
-}
-
-std::string BareName(const Workstation& w, const std::string& name) {
-    const char separator = w.platform.files.Style() == PathStyle::Windows ? '\\' : '/';
-    return name.substr(name.rfind(separator) + 1);
-}
-
-// kept: the name that was chosen first stays the first, and only those behind it are sorted; with
-// it the operator says where the replay begins.
-void SortFileList(std::vector<std::string>& list) {
-    if (list.size() > SecondOfSet) std::sort(list.begin() + SecondOfSet, list.end());
-}
-
-void SelectOfSet(Workstation& w, std::size_t element) {
-    OfflineState& offline = w.offline;
-    offline.OfflineFileIndex = ToInt16(static_cast<double>(element));
-    offline.OfflineFileName =
-        JoinName(w, offline.OfflineFileList.at(1), offline.OfflineFileList.at(element));
-}
-
-// One full name, or a folder and names with a NUL between them.
-void TakeChosen(Workstation& w, const std::string& chosen) {
-    OfflineState& offline = w.offline;
-    offline.OfflineFileList = {""};
-    std::size_t from = 0;
-    while (from <= chosen.size()) {
-        const std::size_t end = std::min(chosen.find('\0', from), chosen.size());
-        offline.OfflineFileList.push_back(chosen.substr(from, end - from));
-        from = end + 1;
-    }
-    offline.OfflineFileCount = ToInt16(static_cast<double>(offline.OfflineFileList.size() - 1));
-    if (offline.OfflineFileCount < 2) {
-        offline.OfflineFileName = chosen;
-        return;
-    }
-    SortFileList(offline.OfflineFileList);
-    SelectOfSet(w, FirstOfSet);
-}
-
-void OpenSelected(Workstation& w) {
-    CloseOfflineFile(w);
-    OpenOfflineFile(w, w.offline.OfflineFileName);
-    ShowFileInCaption(w);
-    UpdateProgress(w);
-}
-
-// False when the file now open is the last.
-bool OpenNextOfSet(Workstation& w) {
-    OfflineState& offline = w.offline;
-    if (offline.OfflineFileCount < 2 || offline.OfflineFileIndex >= offline.OfflineFileCount) {
-        return false;
-    }
-    SelectOfSet(w, static_cast<std::size_t>(offline.OfflineFileIndex) + 1);
-    OpenSelected(w);
-    return true;
 }
 
 // ---- Opening and closing ----
@@ -252,8 +179,10 @@ void ReplayChosen(Workstation& w) {
     OpenSelected(w);
     BeginReplay(w);
     ShowOfflineButtons(w, true);
+    const std::string name = w.offline.OfflineFileName;
     StepForward(w);
     PlayFile(w);
+    NoteRecentFile(w, name);
 }
 
 // kept: the menus come back and the buttons of port and log do not, until a file has been closed.
@@ -383,14 +312,8 @@ void OpenOffline(Workstation& w) {
 
 void OpenDropped(Workstation& w, const std::vector<std::string>& names) {
     if (names.empty()) return;
-    if (names.size() == 1) return OpenChosen(w, [&] { return names.front(); });
-    std::string chosen = FolderOf(w, names.front());
-    for (const std::string& name : names) {
-        if (FolderOf(w, name) != FolderOf(w, names.front())) {
-            return Tell(w, "Only files of one folder can be opened together.");
-        }
-        chosen += '\0' + BareName(w, name);
-    }
+    const std::string chosen = JoinedChoice(w, names);
+    if (chosen.empty()) return Tell(w, "Only files of one folder can be opened together.");
     OpenChosen(w, [&] { return chosen; });
 }
 
@@ -420,10 +343,7 @@ void CloseOffline(Workstation& w) {
 
 void GotoFileStart(Workstation& w) {
     if (w.offline.reading) return;
-    if (w.offline.OfflineFileCount > 1) {
-        SelectOfSet(w, FirstOfSet);
-        OpenSelected(w);
-    }
+    OpenFirstOfSet(w);
     if (w.offline.file) w.offline.file->Seek(0);
     ClearGraph(w);
     ResetIndicators(w);

@@ -15,6 +15,8 @@ struct FrmMain : Form {
     MenuEntry mnuMode, mnuOpenPort, mnuClosePort, mnuPortSettings, mnuFileOpen, mnuExcel,
         mnuPrintGraph, mnuAutoPrint, mnuPrintScreen, mnuPrintSetup, mnuCeiloType,
         mnuSaveSettingsNow, mnuSaveSettings, mnuRestore, mnuStartup, mnuExit;
+    static constexpr std::size_t RecentFiles = 6;
+    std::array<MenuEntry, RecentFiles> mnuRecent;  // off-line files; ToolTipText: the full name
     MenuEntry mnuEdit, mnuCopyPicture;
     MenuEntry mnuLog, mnuLogOn, mnuLogOff, mnuLogSettings;
     MenuEntry mnuShow, mnuLinePlot, mnuPoints, mnuCloudhit, mnuSplitScreen, mnuSkyCond,

@@ -6,6 +6,7 @@
 #include "intake/port.h"
 #include "logging/log_settings.h"
 #include "logging/playback.h"
+#include "logging/recent_files.h"
 #include "logging/rotation.h"
 #include "shell/indicators.h"
 #include "shell/main_window.h"
@@ -298,6 +299,12 @@ void ResetMenus(FrmMain& form) {
         entry.SeparatorBefore = row.separatorBefore;
         entry.Click = HandlerOf(row.click, row.later);
     }
+    for (std::size_t i = 0; i < form.mnuRecent.size(); ++i) {
+        MenuEntry& entry = form.mnuRecent[i] = MenuEntry();
+        entry.Visible = false;
+        entry.SeparatorBefore = i == 0;
+        entry.Click = [i](Workstation& w) { OpenRecentFile(w, i); };
+    }
     for (MenuEntry* checked :
          {&form.mnuClosePort, &form.mnuLogOff, &form.mnuSaveSettings, &form.mnuCloudhit}) {
         checked->Checked = true;
@@ -429,8 +436,13 @@ void FrmMain::Reset() {
 
 ControlList FrmMain::Controls() {
     ControlList list;
-    for (const MenuRow& row : MenuRows)
+    for (const MenuRow& row : MenuRows) {
         list.push_back({row.name, -1, row.parent, &(this->*row.entry)});
+        if (row.entry != &FrmMain::mnuStartup) continue;
+        for (std::size_t i = 0; i < mnuRecent.size(); ++i) {
+            list.push_back({"mnuRecent", static_cast<int>(i), row.parent, &mnuRecent[i]});
+        }
+    }
     for (const ButtonRow& row : ButtonRows) {
         list.push_back({row.key, -1, "Toolbar1", &(Toolbar1.*row.button)});
     }

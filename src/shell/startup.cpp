@@ -10,6 +10,7 @@
 #include "graphs/time_axis.h"
 #include "intake/models.h"
 #include "intake/port.h"
+#include "logging/recent_files.h"
 #include "logging/rotation.h"
 #include "platform/runtime/dates.h"
 #include "platform/runtime/errors.h"
@@ -132,6 +133,7 @@ void LoadMainWindow(Workstation& w) {
     w.intake.PreviousStatus = "00000";
     NumberThisCopy(w);
     ChooseSettingsFile(w);
+    ReadRecentFiles(w);
     SettingsReading reading = OpenSettings(w);
     ReadAllButStartOptions(w, reading);
     SetUpGraphs(w);
