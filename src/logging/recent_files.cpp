@@ -62,9 +62,10 @@ std::string CaptionOf(const Workstation& w, std::size_t index, const std::string
 void ShowNames(Workstation& w, const Names& names) {
     for (std::size_t i = 0; i < FrmMain::RecentFiles; ++i) {
         MenuEntry& entry = w.frmMain.mnuRecent[i];
-        entry.Visible = i < names.size();
-        entry.ToolTipText = entry.Visible ? names[i] : "";
-        entry.Caption = entry.Visible ? CaptionOf(w, i, names[i]) : "";
+        const std::string name = i < names.size() ? names[i] : "";
+        entry.Visible = !name.empty();
+        entry.ToolTipText = name;
+        entry.Caption = CaptionOf(w, i, name);
     }
 }
 

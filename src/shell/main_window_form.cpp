@@ -301,6 +301,7 @@ void ResetMenus(FrmMain& form) {
     }
     for (std::size_t i = 0; i < form.mnuRecent.size(); ++i) {
         MenuEntry& entry = form.mnuRecent[i] = MenuEntry();
+        entry.Caption = "&" + std::to_string(i + 1);
         entry.Visible = false;
         entry.SeparatorBefore = i == 0;
         entry.Click = [i](Workstation& w) { OpenRecentFile(w, i); };

@@ -3,7 +3,9 @@
 #include <QMenu>
 #include <QToolButton>
 
+#include "logging/recent_files.h"
 #include "platform/host/bars.h"
+#include "platform/host/form_steps.h"
 #include "view_support.h"
 
 namespace cumeron {
@@ -32,12 +34,13 @@ TEST_F(MainWindowViewTest, TheMenuTreeIsComplete) {
     for (const NamedControl& named : w.frmMain.Controls()) {
         auto* const* entry = std::get_if<MenuEntry*>(&named.control);
         if (entry == nullptr) continue;
-        children[named.parent].append(QString::fromStdString(named.name));
+        children[named.parent].append(WidgetName(named));
         if (named.parent.empty()) continue;
-        auto* action = Window().findChild<QAction*>(QString::fromStdString(named.name));
+        auto* action = Window().findChild<QAction*>(WidgetName(named));
         ASSERT_NE(action, nullptr) << named.name;
         EXPECT_EQ(action->text().toStdString(), (*entry)->Caption);
         EXPECT_EQ(action->isChecked(), (*entry)->Checked) << named.name;
+        EXPECT_EQ(action->isVisible(), (*entry)->Visible) << named.name;
     }
     ASSERT_EQ(children[""].size(), 6);
     ASSERT_EQ(Window().MenuBar()->actions().size(), 6);
@@ -46,6 +49,16 @@ TEST_F(MainWindowViewTest, TheMenuTreeIsComplete) {
         EXPECT_EQ(menu->objectName(), children[""][i]);
         EXPECT_EQ(Names(*menu), children[menu->objectName().toStdString()]);
     }
+}
+
+TEST_F(MainWindowViewTest, AnOpenedLogAppearsInTheFileMenu) {
+    auto* action = Window().findChild<QAction*>("mnuRecent(0)");
+    ASSERT_NE(action, nullptr);
+    EXPECT_FALSE(action->isVisible());
+    NoteRecentFile(w, "/tmp/a & b.DAT");
+    view.Sync();
+    EXPECT_TRUE(action->isVisible());
+    EXPECT_EQ(action->text(), "&1 a && b.DAT");
 }
 
 TEST_F(MainWindowViewTest, EveryToolButtonHasItsIconAndIsReachedByTheKeyboard) {
