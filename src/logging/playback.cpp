@@ -129,6 +129,7 @@ void ShowBaseCaption(Workstation& w) { w.frmMain.Caption = w.shell.MainTitle; }
 void Tell(Workstation& w, const char* text) { w.platform.dialogs.MessageBox(text, BoxButtons::Ok); }
 
 void TellEnd(Workstation& w) {
+    UpdateProgress(w);
     Tell(w, "End of file");
     EnableForwardAndPlay(w, false);
 }
@@ -312,7 +313,7 @@ void OpenOffline(Workstation& w) {
 
 void OpenDropped(Workstation& w, const std::vector<std::string>& names) {
     if (names.empty()) return;
-    const std::string chosen = JoinedChoice(w, names);
+    std::string chosen = JoinedChoice(w, names);
     if (chosen.empty()) return Tell(w, "Only files of one folder can be opened together.");
     OpenChosen(w, [&] { return chosen; });
 }

@@ -5,7 +5,9 @@
 #include <QApplication>
 #include <QDragEnterEvent>
 #include <QDropEvent>
+#include <QMessageBox>
 #include <QMimeData>
+#include <QTimer>
 #include <QUrl>
 
 #include "view_support.h"
@@ -31,8 +33,8 @@ struct FileDropTest : testing::Test, ViewBench {
         data.setUrls(list);
     }
     // Whether the window takes what is dragged onto it, and takes it at once.
-    bool Drop() {
-        QWidget* window = view.WindowOf(form);
+    bool Drop() { return DropOn(view.WindowOf(form)); }
+    bool DropOn(QWidget* window) {
         QDragEnterEvent enter({5, 5}, Qt::CopyAction, &data, Qt::LeftButton, {});
         enter.ignore();
         QCoreApplication::sendEvent(window, &enter);
@@ -83,6 +85,35 @@ TEST_F(FileDropTest, NothingIsTakenBehindADialog) {
     Carry({"file:///tmp/a.DAT"});
     InModal(w.frmAbout, {[&] { EXPECT_FALSE(Drop()); }, [&] { UnloadForm(w, w.frmAbout); }});
     EXPECT_TRUE(Drop());
+}
+
+TEST_F(FileDropTest, ALogOnTheDiskIsReplayed) {
+    StartProgram(w);
+    view.Sync();
+    Settle();
+    w.settings.CEILOMETER = 20;
+    LoadModel(w, LoadedBy::Start);
+    const std::string record = "\x01RVA1010\x02\r\n10 01230 ///// ///// 00000000\r\n\x03\r\n\r\n";
+    std::string log;
+    for (int i = 10; i < 60; ++i) log += "-2026-05-01 12:00:" + std::to_string(i) + "\r\n" + record;
+    WriteFile(own.Path("a \xC3\x9C.DAT"), log);
+    QString told;
+    QTimer closing;
+    QObject::connect(&closing, &QTimer::timeout, [&] {
+        auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        if (box == nullptr) return;
+        told += box->text();
+        box->accept();
+    });
+    closing.start(10);
+    data.setUrls({QUrl::fromLocalFile(QString::fromStdString(own.Path("a \xC3\x9C.DAT")))});
+    QWidget* window = view.WindowOf(w.frmMain);
+    EXPECT_TRUE(DropOn(window));
+    EXPECT_TRUE(WaitUntil([&] { return told == "End of file"; })) << told.toStdString();
+    EXPECT_EQ(w.offline.OfflineMessageNo, 50);
+    EXPECT_EQ(w.offline.OfflineFileName, own.Path("a ") + "\xDC.DAT");
+    EXPECT_TRUE(window->windowTitle().endsWith(QString::fromUtf8("a \xC3\x9C.DAT]")));
+    EXPECT_EQ(w.offline.progress.position, static_cast<std::int64_t>(log.size()));
 }
 
 }  // namespace

@@ -301,6 +301,7 @@ TEST(PlayFile, TellsHowFarItIs) {
     EXPECT_LT(seen[0].position, seen[0].size / 5);
     const ReplayProgress& end = replay.State().progress;
     EXPECT_EQ(end.records, 7);
+    EXPECT_EQ(end.position, end.size);
     EXPECT_EQ(end.file, 2);
     EXPECT_EQ(end.size, static_cast<std::int64_t>(KnLog(7).size()));
     replay.Open(A);

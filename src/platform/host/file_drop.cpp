@@ -3,8 +3,8 @@
 #include <QApplication>
 #include <QDropEvent>
 #include <QMimeData>
-#include <QTimer>
 #include <QUrl>
+#include <utility>
 
 #include "platform/host/unicode.h"
 
@@ -24,6 +24,8 @@ FileDrop::Names NamesOf(const QDropEvent& drop) {
 FileDrop::FileDrop(QWidget& window, std::function<bool()> welcome,
                    std::function<void(const Names&)> take)
     : QObject(&window), takes(std::move(welcome)), taken(std::move(take)) {
+    later.setSingleShot(true);
+    connect(&later, &QTimer::timeout, this, [this] { taken(std::exchange(dropped, {})); });
     window.setAcceptDrops(true);
     window.installEventFilter(this);
 }
@@ -39,7 +41,10 @@ bool FileDrop::eventFilter(QObject* watched, QEvent* event) {
         return true;
     }
     drop.acceptProposedAction();
-    if (!enters) QTimer::singleShot(0, this, [this, names] { taken(names); });
+    if (!enters) {
+        dropped = names;
+        later.start();
+    }
     return true;
 }
 

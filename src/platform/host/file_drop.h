@@ -2,6 +2,7 @@
 // window, which owns it.
 #pragma once
 
+#include <QTimer>
 #include <QWidget>
 #include <functional>
 #include <string>
@@ -23,6 +24,8 @@ private:
 
     std::function<bool()> takes;
     std::function<void(const Names&)> taken;
+    Names dropped;  // and not yet taken
+    QTimer later;   // of no length: the event in which they are
 };
 
 }  // namespace cumeron
