@@ -181,6 +181,40 @@ TEST_F(Packer, ALogOfTheSameLengthThatWasTouchedStays) {
     EXPECT_TRUE(fs::exists("A6111514.DAT"));
 }
 
+TEST_F(Packer, ALogThatGrowsWhileTheArchiveIsMadeSafeStays) {
+    setenv("LD_PRELOAD", FSYNC, 1);
+    setenv("LOG", (folder / "A6111514.DAT").c_str(), 1);
+    Write("A6111514.DAT", "text");
+    EXPECT_EQ(Pack({"-m", "A", "A6111514.DAT"}), 0);
+    unsetenv("LD_PRELOAD");
+    EXPECT_EQ(ReadWhole("A6111514.DAT").substr(0, 8), "textlate");
+}
+
+TEST_F(Packer, ALogStaysWhenTheArchiveIsNotSafeOnTheDisk) {
+    setenv("LD_PRELOAD", FSYNC, 1);
+    Write("A6111514.DAT", "text");
+    EXPECT_EQ(Pack({"-m", "A", "A6111514.DAT"}), 1);
+    unsetenv("LD_PRELOAD");
+    EXPECT_NE(ReadWhole("said").find("A.zip"), std::string::npos) << ReadWhole("said");
+    EXPECT_EQ(ReadWhole("A6111514.DAT"), "text");
+}
+
+TEST_F(Packer, StandingSwitchesOfTheOperatorDoNoHarm) {
+    for (const char* switches : {"-FS", "-y", "-d"}) {
+        fs::remove("A.zip");
+        Write("B.DAT", "other");
+        EXPECT_EQ(Pack({"-m", "A", "B.DAT"}), 0);
+        setenv("ZIPOPT", switches, 1);
+        setenv("ZIP", switches, 1);
+        Write("A6111514.DAT", "text");
+        EXPECT_EQ(Pack({"-m", "A", "A6111514.DAT"}), 0) << switches;
+        unsetenv("ZIPOPT");
+        unsetenv("ZIP");
+        EXPECT_EQ(NamesIn("A.zip"), (Words{"A6111514.DAT", "B.DAT"})) << switches;
+        EXPECT_EQ(Unpacked("A.zip", "A6111514.DAT"), "text") << switches;
+    }
+}
+
 TEST_F(Packer, NoLogGoesWhenNothingWasPacked) {
     for (const char* script : {"exit 0", "exit 12", "kill -9 $$"}) {
         ReplaceZip(script);

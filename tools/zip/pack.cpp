@@ -64,17 +64,23 @@ public:
         std::string folder = (fs::temp_directory_path() / "cumeron-zip.XXXXXX").string();
         if (::mkdtemp(folder.data()) == nullptr) Fail(folder);
         link = fs::path(folder) / name;
-        fs::create_symlink(fs::absolute(log), link);
+        std::error_code error;
+        fs::create_symlink(fs::absolute(log), link, error);
+        if (!error) return;
+        Remove();
+        throw std::system_error(error, link.string());
     }
-    ~LinkFolder() {
-        std::error_code ignored;
-        fs::remove_all(link.parent_path(), ignored);
-    }
+    ~LinkFolder() { Remove(); }
     LinkFolder(const LinkFolder&) = delete;
     LinkFolder& operator=(const LinkFolder&) = delete;
     std::string Link() const { return link.string(); }
 
 private:
+    void Remove() {
+        std::error_code ignored;
+        fs::remove_all(link.parent_path(), ignored);
+    }
+
     fs::path link;
 };
 
@@ -83,6 +89,9 @@ void RunZip(std::string archive, std::string file) {
     std::string program = "zip", quiet = "-q", withoutFolders = "-j";
     const std::array<char*, 6> words = {program.data(), quiet.data(), withoutFolders.data(),
                                         archive.data(), file.data(),  nullptr};
+    // Standing switches of the operator's, which could remove members or store the mere link.
+    ::unsetenv("ZIPOPT");
+    ::unsetenv("ZIP");
     pid_t child = 0;
     errno = ::posix_spawnp(&child, words[0], nullptr, nullptr, words.data(), environ);
     if (errno != 0) Fail("zip");
@@ -117,8 +126,11 @@ bool Holds(const std::vector<Member>& members, const std::string& content) {
 void Sync(const std::string& path) {
     const int file = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
     if (file < 0) Fail(path);
-    ::fsync(file);
+    // EINVAL: a file system that has nothing to make safe for a folder.
+    const int error = ::fsync(file) == 0 || errno == EINVAL ? 0 : errno;
     ::close(file);
+    errno = error;
+    if (error != 0) Fail(path);
 }
 
 }  // namespace
@@ -137,12 +149,15 @@ bool Pack(std::string archive, const std::string& log, Afterwards afterwards) {
         RunZip(archive, LinkFolder(log, name).Link());
     }
     const bool packed = Holds(MembersOf(archive), content);
+    if (packed && afterwards == Afterwards::Remove) {
+        Sync(archive);
+        Sync(fs::path(archive).parent_path().string());
+    }
+    // The last look before the log goes: logging may have gone on in the same hour.
     const bool unchanged = IsUnchanged(before, StateOf(log));
     if (!packed && unchanged) throw std::runtime_error(archive + " does not hold the log");
     if (!packed || !unchanged) return false;
     if (afterwards == Afterwards::Keep) return true;
-    Sync(archive);
-    Sync(fs::path(archive).parent_path().string());
     if (::unlink(log.c_str()) != 0) Fail(log);
     return true;
 }
