@@ -49,6 +49,7 @@ bool TellAndLeave(int argc, char** argv) {
 int main(int argc, char** argv) {
     if (TellAndLeave(argc, argv)) return 0;
     std::signal(SIGPIPE, SIG_IGN);
+    std::signal(SIGXFSZ, SIG_IGN);  // a file at its limit counts as a full disk
     QApplication application(argc, argv);
     QApplication::setApplicationName("cumeron");
     QApplication::setDesktopFileName("cumeron");

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "logging/log_file.h"
 #include "logging/playback.h"
 #include "platform/runtime/text.h"
 #include "workstation.h"
@@ -12,23 +13,18 @@ namespace {
 
 constexpr std::size_t FirstOfSet = 2, SecondOfSet = 3;  // elements of OfflineFileList
 
-char Separator(const Workstation& w) {
-    return w.platform.files.Style() == PathStyle::Windows ? '\\' : '/';
-}
-
-std::string JoinName(const Workstation& w, std::string folder, const std::string& name) {
-    if (Separator(w) == '/' && folder.ends_with('/')) folder.pop_back();
-    return folder + Separator(w) + name;
+std::size_t LastSeparator(const Workstation& w, const std::string& name) {
+    return name.rfind(SeparatorOf(w.platform.files.Style()));
 }
 
 // The folder of a full name, without the separator; the current one for a bare name.
 std::string FolderOf(const Workstation& w, const std::string& name) {
-    const std::size_t last = name.rfind(Separator(w));
+    const std::size_t last = LastSeparator(w, name);
     return last == name.npos ? w.platform.files.CurrentFolder() : name.substr(0, last);
 }
 
 std::string BareName(const Workstation& w, const std::string& name) {
-    return name.substr(name.rfind(Separator(w)) + 1);
+    return name.substr(LastSeparator(w, name) + 1);
 }
 
 // kept: the name that was chosen first stays the first, and only those behind it are sorted; with
@@ -40,8 +36,8 @@ void SortFileList(std::vector<std::string>& list) {
 void SelectOfSet(Workstation& w, std::size_t element) {
     OfflineState& offline = w.offline;
     offline.OfflineFileIndex = ToInt16(static_cast<double>(element));
-    offline.OfflineFileName =
-        JoinName(w, offline.OfflineFileList.at(1), offline.OfflineFileList.at(element));
+    offline.OfflineFileName = WithSeparator(w.platform.files.Style(), offline.OfflineFileList.at(1),
+                                            offline.OfflineFileList.at(element));
 }
 
 void ShowFileInCaption(Workstation& w) {
@@ -98,6 +94,7 @@ bool OpenNextOfSet(Workstation& w) {
         return false;
     }
     SelectOfSet(w, static_cast<std::size_t>(offline.OfflineFileIndex) + 1);
+    offline.OfflineMessageNo = 0;
     OpenSelected(w);
     return true;
 }

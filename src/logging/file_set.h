@@ -20,7 +20,8 @@ void TakeChosen(Workstation& w, const std::string& chosen);
 void OpenSelected(Workstation& w);
 // Selects and opens the first file of a set; a single file stays as it is.
 void OpenFirstOfSet(Workstation& w);
-// The same with the next one. False, and nothing done, when the file now open is the last.
+// The same with the next one, whose records count from 1 again. False, and nothing done, when the
+// file now open is the last.
 bool OpenNextOfSet(Workstation& w);
 
 }  // namespace cumeron

@@ -15,9 +15,7 @@ namespace {
 constexpr const char* Section = "recent";
 using Names = std::vector<std::string>;
 
-char Separator(const Workstation& w) {
-    return w.platform.files.Style() == PathStyle::Windows ? '\\' : '/';
-}
+char Separator(const Workstation& w) { return SeparatorOf(w.platform.files.Style()); }
 
 std::string ListName(const Workstation& w) {
     return w.platform.files.SettingsFolder() + Separator(w) + "recent.ini";
@@ -74,6 +72,8 @@ void ShowNames(Workstation& w, const Names& names) {
 void ReadRecentFiles(Workstation& w) { ShowNames(w, ReadNames(ListText(w))); }
 
 void NoteRecentFile(Workstation& w, const std::string& name) {
+    // A line of the list takes no line end; such a name can still be chosen in the dialog.
+    if (std::ranges::any_of(name, [](unsigned char c) { return c < ' '; })) return;
     const std::string text = ListText(w);  // another copy may have noted files too
     Names names = ReadNames(text);
     std::erase(names, name);

@@ -15,14 +15,15 @@ namespace cumeron {
 
 enum class PathStyle { Windows, Posix };
 
+constexpr char SeparatorOf(PathStyle style) { return style == PathStyle::Windows ? '\\' : '/'; }
+
 // A file that is open for reading, shared with those who append to it.
 class InputFile {
 public:
     virtual ~InputFile() = default;
     // Up to most bytes from the place where it stands; 0 at the end. Raises 57.
     virtual std::size_t Read(char* bytes, std::size_t most) = 0;
-    virtual std::int64_t Size() = 0;  // bytes, as they are now
-    virtual std::int64_t Position() const = 0;
+    virtual std::int64_t Size() = 0;               // bytes, as they are now
     virtual void Seek(std::int64_t position) = 0;  // 0 is the first byte; may lie behind the end
 };
 

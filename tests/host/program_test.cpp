@@ -1,8 +1,10 @@
 // The program itself in processes of its own: its words, signals, and several copies.
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <QDir>
 #include <QProcess>
 #include <csignal>
 #include <memory>
@@ -84,6 +86,23 @@ TEST_F(ProgramTest, ASignalSavesTheSettingsAndLeavesWithoutAQuestion) {
         EXPECT_FALSE(HasMark(1)) << signal;
         EXPECT_FALSE(copy->readAllStandardError().contains("cumeron:"));
     }
+}
+
+TEST_F(ProgramTest, AFileAtItsLimitDoesNotEndIt) {
+    WriteSettings("Log_on=1\r\nLog_File_Path=" + own.Path("log") + "\r\n");
+    ::mkdir(own.Path("log").c_str(), 0755);
+    QProcess copy;
+    copy.setChildProcessModifier([] {
+        const rlimit twentyBytes{20, 20};
+        ::setrlimit(RLIMIT_FSIZE, &twentyBytes);
+    });
+    copy.start(PROGRAM, {});
+    ASSERT_TRUE(copy.waitForStarted());
+    const auto logs = [&] {
+        return QDir(QString::fromStdString(own.Path("log"))).entryInfoList(QDir::Files);
+    };
+    EXPECT_TRUE(WaitUntil([&] { return !logs().isEmpty() && logs()[0].size() == 20; }));
+    End(copy, SIGTERM);
 }
 
 TEST_F(ProgramTest, ASignalLeavesWhileABoxIsOpen) {

@@ -29,7 +29,6 @@ public:
         return piece.size();
     }
     std::int64_t Size() override { return SizeOf(front) + length + SizeOf(behind); }
-    std::int64_t Position() const override { return position; }
     void Seek(std::int64_t to) override { position = to; }
 
     std::int64_t failsFrom = -1;

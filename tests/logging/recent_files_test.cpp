@@ -39,6 +39,27 @@ TEST(RecentFiles, TheNewestStandsFirstAndNoneTwice) {
         "[recent]\r\n1=\"C:\\LOG\\A.DAT\"\r\n2=\"C:\\LOG\\B.DAT\"\r\n3=\r\n4=\r\n5=\r\n6=\r\n");
 }
 
+TEST(RecentFiles, ANameWithALineEndIsOpenedAndNotNoted) {
+    Replay replay;
+    const std::string name = "C:\\LOG\\a\n[recent]\n2=x.DAT";
+    replay.machine.files.Put(name, KnLog(1));
+    replay.Open(name);
+    EXPECT_EQ(replay.Box(), "End of file");
+    EXPECT_EQ(Shown(replay.w()), std::vector<std::string>{});
+    EXPECT_FALSE(replay.machine.files.Exists(List));
+}
+
+TEST(RecentFiles, AFileIsNotedBeforeItIsPlayed) {
+    Replay replay;
+    replay.machine.files.Put(B, KnLog(1));
+    replay.machine.time.At(0, [&] { replay.Open(B); });
+    replay.OpenLog(KnLog(40));
+    EXPECT_EQ(Shown(replay.w()), (std::vector<std::string>{"&1 B.DAT", "&2 A.DAT"}));
+    Replay broken(10);
+    broken.OpenLog(RecordAt(0, "\x02\r\n10 01230").substr(0, 30));
+    EXPECT_EQ(Shown(broken.w()), std::vector<std::string>{"&1 A.DAT"});
+}
+
 TEST(RecentFiles, SixOutliveTheProgram) {
     Replay replay;
     for (int i = 1; i <= 8; ++i) {

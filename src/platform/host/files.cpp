@@ -137,9 +137,12 @@ void SyncData(int descriptor) {
 
 class HostInput : public InputFile {
 public:
-    explicit HostInput(const std::string& path) : file(path, O_RDONLY) {
+    // A pipe that nobody writes to must not hold the program.
+    explicit HostInput(const std::string& path) : file(path, O_RDONLY | O_NONBLOCK | O_NOCTTY) {
         if (file.Number() < 0) FailToOpen(path, errno);
-        if (fs::is_directory(path)) Fail(EISDIR);
+        struct stat found {};
+        if (::fstat(file.Number(), &found) != 0) Fail(errno);
+        if (!S_ISREG(found.st_mode)) Fail(EISDIR);
     }
     std::size_t Read(char* bytes, std::size_t most) override {
         for (;;) {
@@ -152,7 +155,6 @@ public:
         struct stat found {};
         return ::fstat(file.Number(), &found) == 0 ? found.st_size : 0;
     }
-    std::int64_t Position() const override { return ::lseek(file.Number(), 0, SEEK_CUR); }
     void Seek(std::int64_t position) override { ::lseek(file.Number(), position, SEEK_SET); }
 
 private:

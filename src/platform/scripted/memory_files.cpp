@@ -54,7 +54,6 @@ public:
         return count;
     }
     std::int64_t Size() override { return static_cast<std::int64_t>(text->size()); }
-    std::int64_t Position() const override { return place; }
     void Seek(std::int64_t position) override { place = position; }
 
 private:
