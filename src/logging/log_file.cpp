@@ -38,10 +38,6 @@ constexpr std::string_view HeadLines[] = {"\n-Ceilometer Logfile ",
 
 double Now(Workstation& w) { return w.platform.clock.Now(); }
 
-std::string DateAndTime(double when) {
-    return Format(when, "Short Date") + " " + Format(when, "ttttt");
-}
-
 bool IsStampAt(std::string_view text, std::size_t at) {
     const std::string_view found = text.substr(at, StampLine.size());
     return found.size() == StampLine.size() &&
@@ -77,11 +73,22 @@ std::string EndOfBreak(Workstation& w, const std::string& name) {
     return w.settings.CEILOMETER == Rv10x ? "\r\n\x03 \r\n" : "\r\n\r\n";
 }
 
+// A log in the current folder stays where it was opened when the program goes to another folder.
+// kept: with drives such a name follows the program.
+std::string PlaceOf(Workstation& w, const std::string& name) {
+    const Files& files = w.platform.files;
+    const std::string& folder = w.logging.openedIn;
+    const bool stays = files.Style() == PathStyle::Windows || name.empty() ||
+                       name.starts_with('/') || files.CurrentFolder() == folder;
+    return stays ? name : WithSeparator(PathStyle::Posix, folder, name);
+}
+
 // In one write, so that a crash finds the text written or not.
 void AppendToLog(Workstation& w, const std::string& text) {
     const LogState& log = w.logging;
-    const std::string ending = log.LogWriteOk == 1 ? "" : EndOfBreak(w, log.LogFileName);
-    w.platform.files.AppendSafely(log.LogFileName, ending + text);
+    const std::string name = PlaceOfLog(w);
+    const std::string ending = log.LogWriteOk == 1 ? "" : EndOfBreak(w, name);
+    w.platform.files.AppendSafely(name, ending + text);
 }
 
 void TurnOffFullLog(Workstation& w) {
@@ -102,10 +109,15 @@ void BeginLog(Workstation& w, double now) {
     files.AppendSafely(name, EndOfBreak(w, name) + "-Ceilometer Logfile \r\n-File created: " +
                                  DateAndTime(now) + "\r\n");
     log.LogFileName = name;
+    log.openedIn = files.CurrentFolder();
     log.LogWriteOk = 1;
 }
 
 }  // namespace
+
+std::string DateAndTime(double when) {
+    return Format(when, "Short Date") + " " + Format(when, "ttttt");
+}
 
 std::string LogName(double now, std::string_view fileChar) {
     return std::string(fileChar) + Format(now, "yy").back() + Format(now, "mm") +
@@ -182,12 +194,14 @@ void WriteLogRecord(Workstation& w, std::int16_t number, std::string_view messag
     w.logging.LogWriteOk = 1;
 }
 
+std::string PlaceOfLog(Workstation& w) { return PlaceOf(w, w.logging.LogFileName); }
+
 void WriteClosedLine(Workstation& w) {
     AppendToLog(w, "-File Closed: " + DateAndTime(Now(w)) + "\r\n");
 }
 
 void WriteStatusNote(Workstation& w) {
-    w.platform.files.AppendSafely(w.logging.StatusLogFile,
+    w.platform.files.AppendSafely(PlaceOf(w, w.logging.StatusLogFile),
                                   DateAndTime(Now(w)) + "\r\n" + w.frmMain.sbaStatus.Status.Text +
                                       "\r\n" + AlarmWarningText(w) + "\r\n");
 }

@@ -17,12 +17,15 @@ struct LogState {
     std::int16_t LogFileNumber = 0;  // 0: no log could be opened
     std::string LogFileName;         // the data log, in full
     std::string StatusLogFile;       // set when Status_Log is 1 at the opening of the data log
+    std::string openedIn;            // the current folder at the opening
     std::string LogDrive;            // whose free space is watched: "C:", or the folder of the log
     double LogSliceStart = 0;        // when the slice of the clock began that the log covers
     std::int16_t LogWriteOk = 0;     // 0 after a write that failed, but for a full disk
     std::int16_t ReportLogErrors = 0;  // 1; 0 while a rotation is under way, which shows no box
 };
 
+// Pure. Date, one blank and time in the forms of the locale.
+std::string DateAndTime(double when);
 // Pure. The name of a log that is opened now: the letter, the last digit of the year, month, day
 // and hour, "A6111514.DAT".
 std::string LogName(double now, std::string_view fileChar);
@@ -43,6 +46,9 @@ std::int16_t OpenLogFile(Workstation& w);
 // Appends one record, safe on the disk when it returns; nothing for number 0. A full disk turns the
 // log off, any other error is noted in LogWriteOk. Never throws.
 void WriteLogRecord(Workstation& w, std::int16_t number, std::string_view message);
+// Where the log lies: its name, in full when it was opened in a folder that is no longer the
+// current one.
+std::string PlaceOfLog(Workstation& w);
 // Raises as Files::Append.
 void WriteClosedLine(Workstation& w);
 // One note in the status log: the time, the text of the panel, the alarms and warnings. Raises as

@@ -228,7 +228,14 @@ bool StoreValues(Workstation& w, double length) {
     return true;
 }
 
+// The archives of later logs go where the operator meant now, whatever folder is the current one.
+void FixZipPath(Workstation& w) {
+    std::string& path = w.frmSetLog.txtZipPath.Text;
+    if (!HasDrives(w) && !path.empty()) path = FullName(w, path);
+}
+
 void Command1_Click(Workstation& w) {
+    FixZipPath(w);
     if (!LogPathStands(w)) return;
     const std::optional<double> length = LengthOf(w);
     if (!length || !FileCharStands(w)) return;

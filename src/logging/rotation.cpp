@@ -26,7 +26,7 @@ void TellClosingError(Workstation& w, const RuntimeError& error) {
 }
 
 void StartZip(Workstation& w) {
-    const ZipCall call = ZipCallFor(w.settings, w.platform.files.Style(), w.logging.LogFileName);
+    const ZipCall call = ZipCallFor(w.settings, w.platform.files.Style(), PlaceOfLog(w));
     w.platform.process.Start(call.program, call.arguments, call.commandLine);
 }
 

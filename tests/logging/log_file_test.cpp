@@ -210,6 +210,40 @@ TEST(OpenLogFile, EndsWhatACrashCutAtAnyByte) {
     }
 }
 
+TEST(OpenLogFile, ACutMessageOfRv10xDoesNotPassForAWholeOne) {
+    Writer writer(10);
+    const std::string cut = Head + Stamp + "\x02\r\n10 01230";
+    writer.machine.files.Put(Log, cut);
+    writer.On();
+    EXPECT_EQ(writer.Text(), cut + "\r\n\x03 \r\n" + Head) << "no frame ends in ETX and a blank";
+}
+
+TEST(OpenLogFile, ALogInTheCurrentFolderStaysThere) {
+    Writer writer;
+    writer.machine.files.SetStyle(PathStyle::Posix);
+    writer.machine.files.MakeFolder("/home/user");
+    writer.machine.files.MakeFolder("/data");
+    writer.machine.files.ChangeFolder("/home/user");
+    writer.w.settings.Log_File_Path = "";
+    writer.w.settings.Status_Log = 1;
+    writer.w.settings.Enable_Zip = 1;
+    writer.w.settings.Zip_Exe = "zip";
+    writer.w.settings.Zip_File_Path = "/arc";
+    writer.On();
+    EXPECT_EQ(writer.w.logging.LogFileName, "A6111514.DAT");
+    writer.machine.files.ChangeFolder("/data");
+    writer.Record(ShortKN("15"));
+    WriteStatusNote(writer.w);
+    mnuLogOff_Click(writer.w);
+    EXPECT_EQ(writer.machine.files.Content("/home/user/A6111514.DAT"),
+              Head + Stamp + ShortKN("15") + "\r\n" + Closed);
+    EXPECT_TRUE(writer.machine.files.Exists("/home/user/A6111514.sta"));
+    EXPECT_FALSE(writer.machine.files.Exists("/data/A6111514.DAT"));
+    ASSERT_EQ(writer.machine.process.started.size(), 1U);
+    EXPECT_EQ(writer.machine.process.started[0],
+              "zip -a \"/arc/A6111514\" \"/home/user/A6111514.DAT\"");
+}
+
 TEST(OpenLogFile, LooksAtTheEndOfALongLogAlone) {
     Writer writer;
     const std::string record = Stamp + ShortKN("15") + "\r\n";

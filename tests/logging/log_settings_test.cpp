@@ -318,6 +318,18 @@ TEST_F(LogSettings, OnSlashesTryTheFolderItselfAndStoreItInFull) {
     EXPECT_EQ(files.CurrentFolder(), "/home/user/log");
 }
 
+TEST_F(LogSettings, OnSlashesStoreTheArchiveFolderInFull) {
+    UsePosix();
+    files.ChangeFolder("/home/user");
+    EXPECT_FALSE(OkStays([&] {
+        form.txtLogPath.Text = "/arc";
+        form.txtZipPath.Text = "log";
+    }));
+    EXPECT_EQ(w.settings.Zip_File_Path, "/home/user/log") << "before OK goes to the log's folder";
+    EXPECT_FALSE(OkStays([&] { form.txtZipPath.Text = ""; }));
+    EXPECT_EQ(w.settings.Zip_File_Path, "");
+}
+
 TEST_F(LogSettings, OnSlashesOfferTheOwnZipProgram) {
     UsePosix();
     files.SetFreeDiskSpace("/home/user/log", 100000);
