@@ -26,10 +26,12 @@ namespace cumeron {
 namespace {
 
 constexpr std::size_t BufferSize = 65536;
-constexpr std::size_t LongestMessage = 10000;   // characters, with its line ends
-constexpr std::size_t LongestLastLine = 3;      // one character and CR LF
-constexpr std::int64_t BytesToATurn = 8388608;  // of the event loop
-constexpr std::int16_t Channel = 1;             // no other file is open before the replay's
+constexpr std::size_t LongestMessage = 10000;  // characters, with its line ends
+constexpr std::size_t LongestLastLine = 3;     // one character and CR LF
+// Of the event loop, counted over the records: so that a stop is heard within a tenth of a second.
+constexpr std::int64_t BytesToATurn = 8388608;
+constexpr std::int32_t LinesToATurn = 500000;
+constexpr std::int16_t Channel = 1;  // no other file is open before the replay's
 constexpr char Etx = '\x03';
 
 // ---- Times ----
@@ -55,9 +57,9 @@ bool ReadFields(std::string_view text, const std::pair<long, long> (&places)[Cou
 class RecordReading {
 public:
     explicit RecordReading(Workstation& station)
-        : w(station), file(w.offline.file), start(file->Position()), lastTurn(start) {
+        : w(station), file(w.offline.file), start(file->Position()) {
         w.offline.reading = true;
-        w.offline.interrupted = false;
+        w.offline.turnPosition = std::min(w.offline.turnPosition, start);
     }
     ~RecordReading() {
         if (w.offline.file == file) w.offline.reading = false;
@@ -68,6 +70,7 @@ public:
     std::int64_t Start() const { return start; }
     bool ReadLine(std::string& line) {
         line.clear();
+        ++w.offline.linesSinceTurn;
         return GoOn() && file->ReadLine(line, [this] { return GoOn(); });
     }
     bool Interrupted() const { return interrupted; }
@@ -79,10 +82,11 @@ public:
 
 private:
     bool GoOn() {
-        if (file->Position() - lastTurn < BytesToATurn) return true;
-        lastTurn = file->Position();
+        const bool isDue = file->Position() - w.offline.turnPosition >= BytesToATurn ||
+                           w.offline.linesSinceTurn >= LinesToATurn;
+        if (!isDue) return true;
         UpdateProgress(w);
-        w.platform.events.DoEvents();
+        GiveTurn(w);
         interrupted = w.offline.file != file || w.offline.PlayStopRequested != 0;
         return !interrupted;
     }
@@ -90,7 +94,6 @@ private:
     Workstation& w;
     const std::shared_ptr<LineFile> file;  // lives on when it is closed in a turn
     const std::int64_t start;
-    std::int64_t lastTurn;
     bool interrupted = false;
 };
 
@@ -224,6 +227,7 @@ void LineFile::SkipLineEnd() {
 void OpenOfflineFile(Workstation& w, const std::string& name) {
     w.offline.file = std::make_shared<LineFile>(w.platform.files.OpenForReading(name));
     w.offline.OfflineFileNo = Channel;
+    w.offline.turnPosition = 0;
 }
 
 void CloseOfflineFile(Workstation& w) {
@@ -232,9 +236,16 @@ void CloseOfflineFile(Workstation& w) {
     w.offline.reading = false;  // what is being read just now notices and ends
 }
 
+void GiveTurn(Workstation& w) {
+    if (w.offline.file) w.offline.turnPosition = w.offline.file->Position();
+    w.offline.linesSinceTurn = 0;
+    w.platform.events.DoEvents();
+}
+
 std::int16_t ReadRecord(Workstation& w, OfflineRecord& record) {
     record.message.clear();
     record.time = 0;
+    w.offline.interrupted = false;
     if (!w.offline.file) return NoRecord;
     RecordReading reading(w);
     record.position = ToInt32(static_cast<double>(reading.Start()) + 1);
@@ -249,6 +260,7 @@ std::int16_t SeekRecord(Workstation& w, int number, OfflineRecord& record) {
     const auto& positions = w.offline.OfflineRecordPos;
     if (number < 0 || static_cast<std::size_t>(number) >= positions.size()) throw RuntimeError(9);
     const std::int32_t position = positions[static_cast<std::size_t>(number)];
+    w.offline.interrupted = false;
     if (position == 0) return CollectorRecord;
     if (w.offline.file) w.offline.file->Seek(position - 1);
     return ReadRecord(w, record);

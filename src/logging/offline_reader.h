@@ -60,9 +60,11 @@ void CloseOfflineFile(Workstation& w);
 // The next record. NoRecord at the end of the file, for a record that the end cuts off, for a
 // message over 10000 characters (told in the message window; the file stays in its midst), and
 // when the operator stopped the search or closed the file (offline.interrupted; the file then
-// stands where it stood before). Lets events run every 8 MB. Raises 5 for an RV10X message without
-// its end, 6 behind 2 GB.
+// stands where it stood before). Lets events run every 8 MB or half a million lines. Raises 5 for
+// an RV10X message without its end, 6 behind 2 GB.
 std::int16_t ReadRecord(Workstation& w, OfflineRecord& record);
+// A turn of the event loop in the midst of a replay.
+void GiveTurn(Workstation& w);
 // The record of that number again; one whose position is not known counts as found and leaves the
 // record untouched. Raises 9 for a number that no file has.
 std::int16_t SeekRecord(Workstation& w, int number, OfflineRecord& record);

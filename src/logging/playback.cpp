@@ -9,6 +9,7 @@
 #include "intake/classify.h"
 #include "intake/decode.h"
 #include "logging/file_set.h"
+#include "logging/log_file.h"
 #include "logging/recent_files.h"
 #include "logging/rotation.h"
 #include "platform/runtime/dates.h"
@@ -88,8 +89,7 @@ void ShowReadings(Workstation& w, const OfflineRecord& record) {
 
 // As the record stands in the file.
 void ShowInMessageWindow(Workstation& w, const OfflineRecord& record) {
-    AddToMessageWindow(w, "-" + Format(record.time, "Short Date") + " " +
-                              Format(record.time, "ttttt") + "\r\n" + record.message);
+    AddToMessageWindow(w, "-" + DateAndTime(record.time) + "\r\n" + record.message);
 }
 
 // ---- Buttons, captions, boxes ----
@@ -178,12 +178,12 @@ void ReplayChosen(Workstation& w) {
     }
     LeaveLive(w);
     OpenSelected(w);
+    ++w.offline.session;
+    NoteRecentFile(w, w.offline.OfflineFileName);
     BeginReplay(w);
     ShowOfflineButtons(w, true);
-    const std::string name = w.offline.OfflineFileName;
     StepForward(w);
     PlayFile(w);
-    NoteRecentFile(w, name);
 }
 
 // kept: the menus come back and the buttons of port and log do not, until a file has been closed.
@@ -192,6 +192,7 @@ void GiveUpOpening(Workstation& w) {
     w.frmMain.mnuFileOpen.Checked = false;
     EnableLiveButtons(w, false);
     CloseOfflineFile(w);
+    UpdateProgress(w);
 }
 
 template <class Choice>
@@ -237,7 +238,6 @@ void DrawRecord(Workstation& w) {
 std::int16_t ReadOn(Workstation& w, OfflineRecord& record) {
     const std::int16_t kind = ReadRecord(w, record);
     if (kind != NoRecord || w.offline.interrupted || !OpenNextOfSet(w)) return kind;
-    w.offline.OfflineMessageNo = 0;
     // kept: an empty file ends the play also in the middle of a set, where the caption names it.
     return ReadRecord(w, record);
 }
@@ -260,7 +260,8 @@ bool PlayRecords(Workstation& w) {
     OfflineRecord record;
     std::int16_t turn = 0;
     bool ended = false;
-    while (offline.OfflineFileNo != 0 && offline.PlayStopRequested == 0 && !ended) {
+    const int session = offline.session;
+    while (offline.session == session && offline.PlayStopRequested == 0 && !ended) {
         // kept: 16 bits; a set of more messages than they count pauses there with an error.
         turn = Add16(turn, 1);
         if (ReadOn(w, record) != NoRecord) {
@@ -268,7 +269,7 @@ bool PlayRecords(Workstation& w) {
         } else {
             ended = !offline.interrupted;
         }
-        if (turn % TurnEvery == 0) w.platform.events.DoEvents();
+        if (turn % TurnEvery == 0) GiveTurn(w);
     }
     return ended;
 }
@@ -285,7 +286,9 @@ void FinishPlay(Workstation& w) {
 // The slot that the last record leaves takes the record at the far end of the ring.
 void RefillRing(Workstation& w, int number) {
     OfflineRecord record;
-    if (SeekRecord(w, number, record) == NoRecord) return Tell(w, "Saved message invalid");
+    const std::int16_t kind = SeekRecord(w, number, record);
+    if (w.offline.interrupted) return;
+    if (kind == NoRecord) return Tell(w, "Saved message invalid");
     if (HasTwoLineEnds(w)) CutLineEnd(record.message);
     ClassifyRecord(w, record.message);
     DecodeIntoSlot(w, CurrentSlot(w));
@@ -336,6 +339,7 @@ void CloseOffline(Workstation& w) {
     w.frmMain.mnuFileOpen.Checked = false;
     EnableLiveMenus(w, true);
     EnableLiveButtons(w, true);
+    ++w.offline.session;
     w.offline.OfflineRecordPos.assign(1, 0);
     w.offline.progress = {};
     ForgetMessages(w);
@@ -378,9 +382,13 @@ void StepBack(Workstation& w) {
     if (offline.OfflineMessageNo <= 1) return Tell(w, "Start of File");
     CurrentSlot(w).Valid = 0;
     --offline.OfflineMessageNo;
+    offline.interrupted = false;
     if (offline.OfflineMessageNo > RingRefill) RefillRing(w, offline.OfflineMessageNo - RingRefill);
+    // The file was closed meanwhile, or another one opened: what is shown now is not of this step.
+    if (offline.interrupted) return;
     OfflineRecord record;
     const std::int16_t kind = SeekRecord(w, offline.OfflineMessageNo, record);
+    if (offline.interrupted) return;
     UpdateProgress(w);
     ShowMessageTime(w, record.time);
     if (kind == NoRecord) return Tell(w, "Saved message invalid");
@@ -394,12 +402,15 @@ void PlayFile(Workstation& w) {
     EnableForwardAndPlay(w, false);
     EnableStartAndBack(w, false);
     w.frmMain.Toolbar1.Stop.Enabled = true;
+    const int session = w.offline.session;
     try {
         PlayRecords(w);
         if (w.offline.OfflineFileNo == 0) {
             w.intake.ReplayBusy = 0;
             return;
         }
+        // Another file was opened in a turn, and its own play has left the window as it is to be.
+        if (w.offline.session != session) return;
         FinishPlay(w);
     } catch (const RuntimeError& error) {
         ReportError(w, error);
@@ -420,7 +431,7 @@ void ShowCurrentRecord(Workstation& w) {
     if (!w.frmMain.mnuFileOpen.Checked || w.offline.reading) return;
     OfflineRecord record;
     SeekRecord(w, w.offline.OfflineMessageNo, record);
-    if (record.message.empty()) return;
+    if (w.offline.interrupted || record.message.empty()) return;
     AddToMessageWindow(w, "\r\n" + Format(record.time, "Short Date") + "-" +
                               Format(record.time, "ttttt") + " " + record.message);
 }
@@ -428,10 +439,12 @@ void ShowCurrentRecord(Workstation& w) {
 void UpdateProgress(Workstation& w) {
     const OfflineState& offline = w.offline;
     ReplayProgress& progress = w.offline.progress;
-    if (offline.file) {
-        progress.position = offline.file->Position();
-        progress.size = offline.file->Size();
+    if (!offline.file) {
+        progress = {};
+        return;
     }
+    progress.position = offline.file->Position();
+    progress.size = offline.file->Size();
     progress.records = offline.OfflineMessageNo;
     const bool set = offline.OfflineFileCount > 1;
     progress.file = set ? offline.OfflineFileIndex - 1 : 1;

@@ -33,8 +33,11 @@ struct OfflineState {
     std::int16_t OfflineMessageNo = 0;  // the record shown, from 1 in its file; 0 before the first
     std::vector<std::int32_t> OfflineRecordPos = {0};  // by number; 1 is the first byte, 0 unknown
     std::int16_t PlayStopRequested = 0;                // -1: the play is to end
-    bool reading = false;      // a record is being read; events run in it, and the movers wait
-    bool interrupted = false;  // the last reading ended before it had found anything
+    int session = 0;                // counted up whenever a replay begins or ends
+    bool reading = false;           // a record is being read; events run in it, and the movers wait
+    bool interrupted = false;       // the last reading ended before it had found anything
+    std::int64_t turnPosition = 0;  // in the file, at the last turn of the event loop
+    std::int32_t linesSinceTurn = 0;
     ReplayProgress progress;
 };
 

@@ -15,7 +15,6 @@ TEST(OpenOffline, LeavesLiveWorkAndPlaysToTheEnd) {
     Replay replay;
     replay.w().graphs.HistoryIndex = 5;
     replay.w().graphs.HistoryWrapped = -1;
-    replay.w().intake.IntervalSeekState = 4;
     replay.OpenLog(KnLog(3));
     EXPECT_EQ(replay.Box(), "End of file");
     EXPECT_EQ(replay.State().OfflineMessageNo, 3);
@@ -25,12 +24,28 @@ TEST(OpenOffline, LeavesLiveWorkAndPlaysToTheEnd) {
     EXPECT_EQ(replay.State().OfflineRecordPos.size(), 30241U);
     EXPECT_EQ(replay.w().graphs.HistoryIndex, 0);
     EXPECT_EQ(replay.w().graphs.HistoryWrapped, 0);
-    EXPECT_EQ(replay.w().intake.IntervalSeekState, 4) << "measured anew";
     EXPECT_EQ(replay.w().intake.ReplayBusy, 0);
     EXPECT_EQ(replay.machine.dialogs.LastQuestion().filter,
               "Data files (*.dat)|*.dat|All Files (*.*)|*.*");
     EXPECT_TRUE(replay.machine.dialogs.LastQuestion().several);
     EXPECT_EQ(replay.machine.dialogs.LastQuestion().fileName, "");
+}
+
+TEST(OpenOffline, MeasuresTheIntervalAnew) {
+    Replay replay;
+    replay.w().intake.IntervalSeekState = 4;
+    std::string log;
+    for (int i = 1; i <= 3; ++i) log += RecordAt(30 * i, ShortKN("15"));
+    replay.OpenLog(log);
+    EXPECT_EQ(replay.w().settings.Message_Interval, 30);
+    EXPECT_EQ(replay.w().intake.IntervalSeekState, 4);
+}
+
+TEST(OpenOffline, TheTimeOfTheLastMessageDoesNotStayForAnEmptyFile) {
+    Replay replay;
+    replay.w().graphs.MessageTime = Noon;
+    replay.OpenLog("");
+    EXPECT_EQ(replay.w().graphs.MessageTime, 0);
 }
 
 TEST(OpenOffline, TheDialogBeginsWithTheLastFile) {
@@ -90,6 +105,7 @@ TEST(OpenOffline, ABrokenFirstRecordOfRv10xEndsOffLineMode) {
     replay.OpenLog(RecordAt(0, "\x02\r\n10 01230").substr(0, 30));
     EXPECT_NE(replay.Box().find("Error Number: 5"), std::string::npos);
     EXPECT_EQ(replay.State().OfflineFileNo, 0);
+    EXPECT_EQ(replay.State().progress.files, 0);
     EXPECT_FALSE(replay.Form().mnuFileOpen.Checked);
     // The buttons are still there, and none of them falls over the missing file.
     replay.Click(replay.Bar().Play);
@@ -197,9 +213,25 @@ TEST(OpenOffline, AnotherFileMayBeOpenedInTheMidstOfAPlay) {
     replay.machine.time.At(0, [&] { replay.Open(B); });
     replay.OpenLog(KnLog(40));
     EXPECT_EQ(replay.Box(), "End of file");
+    EXPECT_EQ(replay.Box(), "no box");
     EXPECT_EQ(replay.State().OfflineFileName, B);
     EXPECT_EQ(replay.State().OfflineMessageNo, 2);
     EXPECT_EQ(replay.Buttons(), "SBC");
+    EXPECT_EQ(replay.w().intake.ReplayBusy, 0);
+}
+
+TEST(OpenOffline, TheStopOfASecondFileStopsTheFirstOneToo) {
+    Replay replay;
+    replay.machine.files.Put(B, KnLog(60));
+    replay.machine.time.At(0, [&] {
+        replay.machine.time.At(0, [&] { replay.Click(replay.Bar().Stop); });
+        replay.Open(B);
+    });
+    replay.OpenLog(KnLog(40));
+    EXPECT_EQ(replay.Box(), "no box");
+    EXPECT_EQ(replay.State().OfflineFileName, B);
+    EXPECT_EQ(replay.State().OfflineMessageNo, 6);
+    EXPECT_EQ(replay.Buttons(), "SBFPC");
     EXPECT_EQ(replay.w().intake.ReplayBusy, 0);
 }
 

@@ -326,8 +326,8 @@ TEST(ReadRecord, LetsEventsRunInALongSearch) {
         std::int64_t size;
         int turns;
     } cases[] = {{"one line", "x", RubbishSize, 11},
-                 {"short lines", "xxxxxx\r\n", RubbishSize / 5, 2},
-                 {"only line ends", "\r", RubbishSize / 5, 2}};
+                 {"short lines", "xxxxxx\r\n", RubbishSize / 5, 5},
+                 {"only line ends", "\r", RubbishSize / 5, 40}};
     for (const auto& c : cases) {
         Reader reader(20);
         reader.Open(FileAround("\r\n", c.size, c.pattern, "\r\n" + Time1 + RvFrame));

@@ -203,6 +203,19 @@ TEST(PlayFile, HearsStopInALongSearch) {
     EXPECT_EQ(replay.State().OfflineMessageNo, 3);
 }
 
+TEST(PlayFile, GivesATurnWhateverTheRubbishBetweenItsRecords) {
+    Replay replay;
+    std::string log;
+    for (int i = 1; i <= 4; ++i) log += std::string(7'000'000, 'x') + "\r\n" + KnLog(1, i);
+    replay.machine.time.At(0, [&] {
+        EXPECT_EQ(replay.State().OfflineMessageNo, 1);
+        replay.Click(replay.Bar().Stop);
+    });
+    replay.OpenLog(log);
+    EXPECT_EQ(replay.State().OfflineMessageNo, 1);
+    EXPECT_EQ(replay.Buttons(), "SBFPC");
+}
+
 TEST(PlayFile, TheMoversWaitForALongSearch) {
     Replay replay;
     const std::string rubbish(30'000'000, 'x');
@@ -366,6 +379,46 @@ TEST(StepBack, TellsWhenARecordIsNoLongerThere) {
     EXPECT_EQ(replay.State().OfflineMessageNo, 34);
     EXPECT_EQ(replay.Buttons(), "SBC");
     EXPECT_TRUE(replay.machine.Running());
+}
+
+// A log whose records from the second on lie behind more rubbish than one turn takes.
+std::string LogBehindRubbish(int records) {
+    return KnLog(1) + std::string(20'000'000, 'x') + "\r\n" + KnLog(records - 1, 2);
+}
+
+TEST(StepBack, AFileThatIsClosedInItsSearchEndsIt) {
+    for (const int records : {3, 32}) {  // with the ring full, the search is for its far end
+        Replay replay;
+        replay.OpenLog(LogBehindRubbish(records));
+        replay.Box();
+        replay.State().OfflineRecordPos[2] = replay.State().OfflineRecordPos[1] + 200;
+        while (replay.State().OfflineMessageNo > (records == 3 ? 3 : 32)) {
+            replay.Click(replay.Bar().Back);
+        }
+        replay.machine.time.At(0, [&] { replay.Click(replay.Bar().CloseFile); });
+        replay.Click(replay.Bar().Back);
+        EXPECT_EQ(replay.Box(), "no box") << records;
+        EXPECT_TRUE(replay.machine.Running()) << records;
+        EXPECT_EQ(replay.State().OfflineFileNo, 0) << records;
+        EXPECT_EQ(replay.Form().CloudValue[0].Caption, "") << records;
+        EXPECT_EQ(replay.State().progress.files, 0) << records;
+        EXPECT_EQ(replay.Buttons(), "") << records;
+    }
+}
+
+TEST(StepBack, AFileThatIsOpenedInItsSearchStays) {
+    Replay replay;
+    replay.OpenLog(LogBehindRubbish(3));
+    replay.Box();
+    replay.State().OfflineRecordPos[2] = replay.State().OfflineRecordPos[1] + 200;
+    replay.machine.files.Put(B, KnLog(7));
+    replay.machine.time.At(0, [&] { replay.Open(B); });
+    replay.Click(replay.Bar().Back);
+    EXPECT_EQ(replay.Box(), "End of file");
+    EXPECT_EQ(replay.Box(), "no box");
+    EXPECT_EQ(replay.State().OfflineMessageNo, 7);
+    EXPECT_EQ(replay.Shown(), "00070");
+    EXPECT_EQ(replay.Buttons(), "SBC");
 }
 
 TEST(StepBack, WhatIsNoFrameAnyMoreIsNotShown) {
