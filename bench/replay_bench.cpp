@@ -16,75 +16,16 @@
 #include <string>
 #include <vector>
 
+#include "day_log.h"
 #include "graphs/cloud_columns.h"
 #include "graphs/ranges.h"
-#include "intake/intake.h"
-#include "logging/playback.h"
-#include "platform/runtime/dates.h"
 #include "platform/scripted/scripted_machine.h"
 #include "workstation.h"
 
 namespace cumeron {
 namespace {
 
-constexpr int Records = LongestOfflineFile;
-constexpr std::size_t Samples = 1540;
-constexpr std::size_t FirstSample = 96;  // in the frame
 constexpr int Width = 700, Height = 400;
-constexpr int Interval = 15;  // seconds
-
-std::string Frame(std::uint32_t seed) {
-    std::string counted = "KN021016\x02\r\n10 01230 ///// ///// 000000000000\r\n";
-    counted.resize(85, ' ');
-    counted.replace(52, 2, "10");
-    counted.resize(85 + 10, ' ');
-    constexpr std::string_view digits = "0123456789abcdef";
-    for (std::size_t i = 0; i < Samples; ++i) {
-        // Values of weak and strong signals, three digits behind two noughts.
-        counted += "00";
-        for (int digit = 0; digit < 3; ++digit) {
-            seed = seed * 1664525 + 1013904223;
-            counted += digits[seed >> 28];
-        }
-    }
-    counted.resize(85 + 7720 - 8, ' ');
-    counted += '\x03';
-    const unsigned checksum = FrameChecksum(counted);
-    std::string frame = "\x01" + counted;
-    for (int shift = 12; shift >= 0; shift -= 4) frame += digits[checksum >> shift & 15];
-    return frame + "\x04\r\n";
-}
-
-std::string WholeLog() {
-    std::vector<std::string> frames;
-    for (std::uint32_t seed = 1; seed <= 50; ++seed) frames.push_back(Frame(seed));
-    const double start = DateSerial(2026, 5, 1);
-    std::string log;
-    log.reserve(Records * (frames[0].size() + 30));
-    for (int i = 0; i < Records; ++i) {
-        log += "-" + Format(start + i * Interval / 86400.0, "yyyy-mm-dd hh:nn:ss") + "\r\n" +
-               frames[static_cast<std::size_t>(i) % frames.size()] + "\r\n";
-    }
-    return log;
-}
-
-// The log as a file of the machine, without a copy of it.
-class TextFile : public InputFile {
-public:
-    explicit TextFile(const std::string& whole) : text(whole) {}
-    std::size_t Read(char* bytes, std::size_t most) override {
-        const std::size_t count = text.copy(bytes, most, at);
-        at += count;
-        return count;
-    }
-    std::int64_t Size() override { return static_cast<std::int64_t>(text.size()); }
-    std::int64_t Position() const override { return static_cast<std::int64_t>(at); }
-    void Seek(std::int64_t position) override { at = static_cast<std::size_t>(position); }
-
-private:
-    const std::string& text;
-    std::size_t at = 0;
-};
 
 struct Player {
     ScriptedMachine machine;

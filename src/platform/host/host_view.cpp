@@ -43,9 +43,9 @@ HostView::HostView(Workstation& w, HostMachine& host, std::vector<Form*> shown)
     frame.setSingleShot(true);
     frame.setInterval(FrameInterval);
     connect(&frame, &QTimer::timeout, this, [this] {
-        if (framePending) SyncSurfaces();
+        if (framePending) Sync();
     });
-    machine.events.BeforeTurn = [this] { Sync(); };
+    machine.events.BeforeTurn = [this] { SyncInTurn(); };
     machine.dialogs.Title = [this] { return forms.front()->Caption; };
     machine.dialogs.Owner = [this]() -> QWidget* {
         Sync();  // a form that was shown just now is the one to stand in front of
@@ -98,6 +98,7 @@ FormView& HostView::ViewOf(Form& form) {
         };
         view = std::make_unique<FormView>(form, calls, HeightsOf(form));
         shownNumber = 0;  // its window has no icon yet
+        if (&form == &workstation.frmMain) replay = new ReplayBar(*view->Window().MenuBar());
     }
     return *view;
 }
@@ -114,10 +115,20 @@ void HostView::Sync() {
     syncing = false;
 }
 
+// A play gives a turn every few messages, far more often than a display can show.
+void HostView::SyncInTurn() {
+    if (workstation.intake.ReplayBusy != 0 && frame.isActive()) {
+        framePending = true;
+    } else {
+        Sync();
+    }
+}
+
 void HostView::SyncForms() {
     for (Form* form : forms) {
         if (form->Loaded || views.contains(form)) ViewOf(*form).Sync();
     }
+    if (replay != nullptr) replay->Show(workstation.offline.progress);
     SyncIcons();
     timers.Sync();
     framePending = true;

@@ -9,6 +9,7 @@
 
 #include "platform/host/form_view.h"
 #include "platform/host/host_machine.h"
+#include "platform/host/replay_bar.h"
 #include "platform/host/text_painter.h"
 #include "platform/host/view_timers.h"
 
@@ -28,6 +29,7 @@ public:
 
 private:
     void Run(const Handler& handler);
+    void SyncInTurn();
     void SyncForms();
     void SyncSurfaces();
     FormView& ViewOf(Form& form);
@@ -41,8 +43,9 @@ private:
     HostTextPainter painter;
     ViewTimers timers;
     std::map<const Form*, std::unique_ptr<FormView>> views;
-    int shownNumber = 0;  // of the copy, in the icons
-    QTimer frame;         // surfaces are painted at most once in its interval
+    ReplayBar* replay = nullptr;  // of the main window, once that was loaded
+    int shownNumber = 0;          // of the copy, in the icons
+    QTimer frame;                 // surfaces are painted at most once in its interval
     bool framePending = false;
     bool syncing = false;
     bool syncAgain = false;
