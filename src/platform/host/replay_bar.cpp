@@ -24,9 +24,9 @@ int PartOf(const ReplayProgress& progress) {
 }  // namespace
 
 QString ReplayText(const ReplayProgress& progress) {
-    const QString text = QString("%1 of %2 MB, record %3")
-                             .arg(Megabytes(progress.position), Megabytes(progress.size))
-                             .arg(progress.records);
+    QString text = QString("%1 of %2 MB, record %3")
+                       .arg(Megabytes(progress.position), Megabytes(progress.size))
+                       .arg(progress.records);
     if (progress.files <= 1) return text;
     return text + QString(", file %1 of %2").arg(progress.file).arg(progress.files);
 }
