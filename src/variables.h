@@ -30,12 +30,12 @@ struct Variable {
     std::function<void(Workstation&, const std::vector<long>& indices, const Value&)> set;
 };
 
-// A pure function that can be asked: SkyAmountText(amount). Arguments come as they stand in the
-// text, without their quotes.
+// A function that can be asked and changes nothing: SkyAmountText(amount). Arguments come as they
+// stand in the text, without their quotes; what depends on the model asks the workstation.
 struct AskableFunction {
     std::string name;
     int argumentCount;
-    std::function<Value(const std::vector<std::string>& arguments)> call;
+    std::function<Value(Workstation&, const std::vector<std::string>& arguments)> call;
 };
 
 struct VariableList {

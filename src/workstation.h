@@ -14,12 +14,14 @@
 #include "logging/playback.h"
 #include "platform/platform.h"
 #include "readings/instant_values.h"
+#include "readings/sky_condition.h"
 #include "shell/about.h"
 #include "shell/main_window.h"
 #include "shell/message_windows.h"
 #include "shell/model_dialog.h"
 #include "shell/port_dialog.h"
 #include "shell/settings.h"
+#include "shell/sky_settings.h"
 #include "shell/sky_window.h"
 #include "shell/start_options.h"
 #include "shell/startup.h"
@@ -35,6 +37,7 @@ struct Workstation {
     ModelTable model;  // the row of settings.CEILOMETER
     IntakeState intake;
     ReadingsState readings;
+    SkyState sky;
     GraphState graphs;
     LogState logging;
     OfflineState offline;
@@ -52,12 +55,14 @@ struct Workstation {
     FrmBackScatter frmBackScatter;
     FrmClouds frmClouds;
     FrmSetLog frmSetLog;
+    FrmSkyCondSettings frmSkyCondSettings;
 
     SerialLine& comCTLine() { return platform.line; }
     // Every form, frmMain first.
     std::vector<Form*> Forms() {
-        return {&frmMain,  &frmDebug,   &frmStatus, &frmSmsg,        &frmSkyCond, &frmStart,
-                &frmAbout, &ConfigScrn, &frmCType,  &frmBackScatter, &frmClouds,  &frmSetLog};
+        return {&frmMain,   &frmDebug,  &frmStatus,         &frmSmsg,  &frmSkyCond,
+                &frmStart,  &frmAbout,  &ConfigScrn,        &frmCType, &frmBackScatter,
+                &frmClouds, &frmSetLog, &frmSkyCondSettings};
     }
 };
 

@@ -134,7 +134,7 @@ void ListGraphVariables(VariableList& list) {
         "RedrawAbort", [](Workstation & w) -> auto& { return w.graphs.RedrawAbort; });
     ListPictureState(list);
     list.functions.push_back(
-        {"StepHeight", 3, [](const std::vector<std::string>& arguments) -> Value {
+        {"StepHeight", 3, [](Workstation&, const std::vector<std::string>& arguments) -> Value {
              return std::int64_t{StepHeight(ToDouble(arguments[0]), ToInt16(arguments[1]) != 0,
                                             ToInt16(arguments[2]))};
          }});

@@ -8,6 +8,7 @@
 #include "intake/decode.h"
 #include "platform/runtime/text.h"
 #include "platform/surface.h"
+#include "readings/sky_condition.h"
 #include "readings/status_words.h"
 #include "shell/indicators.h"
 #include "workstation.h"
@@ -204,12 +205,16 @@ void UpdateInstantValues(Workstation& w, std::string_view frame) {
     ShowUnit(w, metres);
     ShowCloudValues(w, frame);
     ShowLabels(w, frame);
+    UpdateSkyCondition(w, frame);
 }
 
 void ClearInstantValues(Workstation& w) {
     SetHeightLabels(w);
     for (Label& value : w.frmMain.CloudValue) value.Caption.clear();
     SetStatusPanel(w, "Status:    OK", Black);
+    w.sky.SkyValid = 0;
+    ClearSkyFrame(w);
+    if (w.frmMain.mnuSkyCond.Checked) ClearValues(w);
     DecodeStatusDigits(w, "000000000000");
 }
 

@@ -1,3 +1,5 @@
+#include "platform/runtime/text.h"
+#include "readings/sky_condition.h"
 #include "readings/status_words.h"
 #include "variables.h"
 #include "workstation.h"
@@ -23,6 +25,17 @@ void ListReadingsVariables(VariableList& list) {
          0,
          [](Workstation& w, const std::vector<long>&) -> Value { return AlarmWarningText(w); },
          {}});
+    list.Add(
+        "SkyValid", [](Workstation & w) -> auto& { return w.sky.SkyValid; });
+    list.AddArray(
+        "SkyAmounts", [](Workstation & w) -> auto& { return w.sky.SkyAmounts; });
+    list.AddArray(
+        "SkyHeights", [](Workstation & w) -> auto& { return w.sky.SkyHeights; });
+    list.functions.push_back(
+        {"SkyAmountText", 1,
+         [](Workstation& w, const std::vector<std::string>& arguments) -> Value {
+             return std::string(SkyAmountText(ToInt16(arguments[0]), w.model.family));
+         }});
 }
 
 }  // namespace cumeron

@@ -40,7 +40,11 @@ struct FrmMain : Form {
     // Values
     Frame fraValues;
     std::array<Label, 3> CloudValue, lblCloudtext;
+    // Sky condition: amount and height of each layer, symbols, and the pictures that they show
     Frame fraSkyCond;
+    std::array<Label, 10> lblSkyCond;
+    std::array<Image, 4> imgSky;
+    std::array<Image, 10> imgSkyCond;
     // Graphs
     Surface picCombination, picLines, picXLabels, picYLabels, picXLabelsBack, picYLabelsBack,
         picSplitSizer;

@@ -10,6 +10,7 @@
 #include "logging/rotation.h"
 #include "shell/indicators.h"
 #include "shell/main_window.h"
+#include "shell/sky_frame.h"
 #include "workstation.h"
 
 namespace cumeron {
@@ -107,7 +108,7 @@ constexpr MenuRow MenuRows[] = {
     {&FrmMain::mnuCloudSettings, "mnuCloudSettings", "mnuShow", "&Cloud Graph Settings...",
      mnuCloudSettings_Click},
     {&FrmMain::mnuSkyCondSettings, "mnuSkyCondSettings", "mnuShow", "S&ky Condition Settings...",
-     nullptr, "The sky condition settings dialog"},
+     mnuSkyCondSettings_Click},
     {&FrmMain::mnuShowMessage, "mnuShowMessage", "mnuShow", "&Message", mnuShowMessage_Click,
      nullptr, Separator},
     {&FrmMain::mnuShowStatus, "mnuShowStatus", "mnuShow", "&Status", mnuShowStatus_Click},
@@ -276,7 +277,6 @@ constexpr LabelRow LabelRows[] = {
 
 // The frame of the values: three rows of a text with the height below it.
 constexpr Box ValuesFrame = {0, 95, 200, 244};
-constexpr Box SkyFrame = {0, 347, 200, 150};
 constexpr double FirstRow = 24, RowHeight = 72, TextHeight = 22, ValueHeight = 44;
 constexpr const char* RowTexts[] = {"Cloud Height 1", "Cloud Height 2", "Cloud Height 3"};
 
@@ -370,10 +370,7 @@ void ResetValues(FrmMain& form) {
     form.fraValues = Frame();
     form.fraValues.Caption = "Instant Values";
     Place(form.fraValues, ValuesFrame);
-    form.fraSkyCond = Frame();
-    form.fraSkyCond.Caption = "Sky Condition";
-    form.fraSkyCond.Visible = false;
-    Place(form.fraSkyCond, SkyFrame);
+    ResetSkyFrame(form);
     for (std::size_t i = 0; i < form.CloudValue.size(); ++i) {
         const double top = FirstRow + RowHeight * static_cast<double>(i);
         Label& text = form.lblCloudtext[i] = Label();
@@ -456,7 +453,7 @@ ControlList FrmMain::Controls() {
         list.push_back({row.name, -1, "", &(this->*row.surface)});
     }
     list.push_back({"fraValues", -1, "", &fraValues});
-    list.push_back({"fraSkyCond", -1, "", &fraSkyCond});
+    ListSkyFrame(list, *this);
     for (std::size_t i = 0; i < CloudValue.size(); ++i) {
         const int index = static_cast<int>(i);
         list.push_back({"lblCloudtext", index, "fraValues", &lblCloudtext[i]});

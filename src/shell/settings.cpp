@@ -237,8 +237,7 @@ void RestoreDefaults(Workstation& w) {
     }
     MakeTitle(w);
     w.graphs.PreviousCloudmode = w.settings.Cloudmode;
-    w.frmMain.fraSkyCond.Visible = w.settings.Show_Sky_Cond != 0;
-    SetTop(w);
+    ApplySkySettings(w);
     // The plain interval: nothing shares a column from now on.
     if (IsModel(w.settings.CEILOMETER)) {
         w.settings.Message_Interval = ToInt16(DefaultMessageInterval(w.settings.CEILOMETER));

@@ -13,6 +13,14 @@ namespace cumeron {
 
 namespace {
 
+// Left, Top, Width, Height in pixels.
+void Place(Control& control, double left, double top, double width, double height) {
+    control.Left = left;
+    control.Top = top;
+    control.Width = width;
+    control.Height = height;
+}
+
 // A quarter of the main window's size in from its edge, as far as a setting can tell; twips.
 std::int16_t QuarterInto(double edge, double size) {
     using Limits = std::numeric_limits<std::int16_t>;
@@ -23,12 +31,13 @@ std::int16_t QuarterInto(double edge, double size) {
 void NoteDesign(FrmSkyCond& form) {
     form.notedWidth = form.Width;
     form.notedHeight = form.Height;
+    const auto note = [&form](Control& control, Label* label) {
+        form.notedControls.push_back({&control, label, control.Left, control.Top, control.Width,
+                                      control.Height, label != nullptr ? label->FontSize : 0});
+    };
     for (const NamedControl& named : form.Controls()) {
-        auto* const* label = std::get_if<Label*>(&named.control);
-        if (label == nullptr) continue;
-        const Label& noted = **label;
-        form.notedLabels.push_back(
-            {*label, noted.Left, noted.Top, noted.Width, noted.Height, noted.FontSize});
+        if (auto* const* label = std::get_if<Label*>(&named.control)) note(**label, *label);
+        if (auto* const* image = std::get_if<Image*>(&named.control)) note(**image, nullptr);
     }
 }
 
@@ -46,7 +55,7 @@ void frmSkyCond_Load(Workstation& w) {
         form.Top = QuarterInto(w.frmMain.Top, w.frmMain.Height);
     }
     KeepNormalPlace(form);
-    SetTop(w);
+    ReShape(w);
 }
 
 // The smaller of the two ratios scales everything, so that the layout keeps its shape.
@@ -54,11 +63,10 @@ void frmSkyCond_Resize(Workstation& w) {
     FrmSkyCond& form = w.frmSkyCond;
     const double ratio =
         std::max(0.0, std::min(form.Width / form.notedWidth, form.Height / form.notedHeight));
-    for (const FrmSkyCond::NotedLabel& noted : form.notedLabels) {
-        noted.label->Left = noted.left * ratio;
-        noted.label->Top = noted.top * ratio;
-        noted.label->Width = noted.width * ratio;
-        noted.label->Height = noted.height * ratio;
+    for (const FrmSkyCond::NotedControl& noted : form.notedControls) {
+        Place(*noted.control, noted.left * ratio, noted.top * ratio, noted.width * ratio,
+              noted.height * ratio);
+        if (noted.label == nullptr) continue;
         noted.label->FontSize =
             std::max(1, static_cast<int>(RoundHalfEven(noted.fontSize * ratio)));
     }
@@ -78,20 +86,13 @@ void tmrAlarm_Tick(Workstation& w) {
     form.lblStatus.BackColor = form.lblStatus.BackColor == red ? quiet : red;
 }
 
-void CopyCaptions(std::array<Label, 3>& to, const std::array<Label, 3>& from) {
+template <std::size_t Count>
+void CopyCaptions(std::array<Label, Count>& to, const std::array<Label, Count>& from) {
     for (std::size_t i = 0; i < to.size(); ++i) to[i].Caption = from[i].Caption;
 }
 
 std::string_view WithoutLeadingBlanks(std::string_view text) {
     return text.substr(std::min(text.find_first_not_of(' '), text.size()));
-}
-
-// Left, Top, Width, Height in pixels.
-void Place(Control& control, double left, double top, double width, double height) {
-    control.Left = left;
-    control.Top = top;
-    control.Width = width;
-    control.Height = height;
 }
 
 void Write(Label& label, int fontSize, bool bold, TextAlignment alignment) {
@@ -100,10 +101,32 @@ void Write(Label& label, int fontSize, bool bold, TextAlignment alignment) {
     label.Alignment = alignment;
 }
 
+// A column for each layer, side by side: the amount with the symbol at its left, below it the
+// height.
+void PlaceLayers(FrmSkyCond& form) {
+    constexpr double columnLeft = 8, columnWidth = 66, gap = 1, symbolSize = 38;
+    for (std::size_t i = 0; i < SkyLayers; ++i) {
+        const double left = columnLeft + (columnWidth + gap) * static_cast<double>(i);
+        Label& amount = form.lblSkyCond[2 * i];
+        Place(amount, left, 198, columnWidth, 46);
+        Write(amount, 20, true, TextAlignment::Center);
+        amount.ToolTipText = SkyAmountTip;
+        Label& height = form.lblSkyCond[2 * i + 1];
+        Place(height, left, 246, columnWidth, 38);
+        Write(height, 16, true, TextAlignment::Center);
+        height.ToolTipText = SkyHeightTip;
+        Place(form.imgSky[i], left, 202, symbolSize, symbolSize);
+        form.imgSky[i].ToolTipText = SkyAmountTip;
+    }
+}
+
+// kept: the first four alone, so that the symbol of the fifth layer stays until the next block.
+constexpr std::size_t ClearedSymbols = 4;
+
 }  // namespace
 
-// The design, 350 pixels wide: a line with model and date, the status, and a row for each height.
-// The lower part is left for the sky condition itself.
+// The design, 350 pixels wide: a line with model and date, the status, a row for each height, and
+// below them the sky condition.
 FrmSkyCond::FrmSkyCond() {
     Name = "frmSkyCond";
     Caption = "Sky Condition";
@@ -122,6 +145,10 @@ FrmSkyCond::FrmSkyCond() {
         Place(CloudValue[i], 182, top, 160, 36);
         Write(CloudValue[i], 22, true, TextAlignment::Right);
     }
+    lblSkyHead.Caption = "Sky condition, lowest layer first";
+    Place(lblSkyHead, 8, 178, 334, 18);
+    Write(lblSkyHead, 9, false, TextAlignment::Left);
+    PlaceLayers(*this);
     tmrAlarm.Interval = 500;
     tmrAlarm.Tick = tmrAlarm_Tick;
 
@@ -139,6 +166,11 @@ ControlList FrmSkyCond::Controls() {
         list.push_back({"lblCloudtext", index, "", &lblCloudtext[i]});
         list.push_back({"CloudValue", index, "", &CloudValue[i]});
     }
+    list.push_back({"lblSkyHead", -1, "", &lblSkyHead});
+    int index = 0;
+    for (Label& label : lblSkyCond) list.push_back({"lblSkyCond", index++, "", &label});
+    index = 0;
+    for (Image& symbol : imgSky) list.push_back({"imgSky", index++, "", &symbol});
     list.push_back({"tmrAlarm", -1, "", &tmrAlarm});
     return list;
 }
@@ -159,9 +191,10 @@ void mnuSkyCond_Click(Workstation& w) {
         HideForm(w.frmSkyCond);
         return;
     }
+    LoadForm(w, w.frmSkyCond);  // a start that failed has not
+    UpdateAll(w);
     ShowForm(w, w.frmSkyCond);
     ++w.frmSkyCond.BroughtToFront;
-    UpdateAll(w);
 }
 
 void UpdateAll(Workstation& w) {
@@ -172,6 +205,28 @@ void UpdateAll(Workstation& w) {
     UpDateStatus(w, main.sbaStatus.Status.Text, main.sbaStatus.Status_Image.Visible ? Red : Black);
     CopyCaptions(form.lblCloudtext, main.lblCloudtext);
     CopyCaptions(form.CloudValue, main.CloudValue);
+    UpDateSkyCond(w);
+}
+
+void UpDateSkyCond(Workstation& w) {
+    if (w.sky.SkyValid == 0) return ClearSkyCond(w);
+    FrmSkyCond& form = w.frmSkyCond;
+    CopyCaptions(form.lblSkyCond, w.frmMain.lblSkyCond);
+    if (w.settings.Cloud_Amount != AmountSymbols) return;
+    for (std::size_t i = 0; i < form.imgSky.size(); ++i) {
+        form.imgSky[i].Picture = SkySymbol(w, i);
+    }
+}
+
+void ClearSkyCond(Workstation& w) {
+    FrmSkyCond& form = w.frmSkyCond;
+    for (Label& label : form.lblSkyCond) label.Caption.clear();
+    for (std::size_t i = 0; i < ClearedSymbols; ++i) form.imgSky[i].Picture = BlankSkySymbol(w);
+}
+
+void ClearValues(Workstation& w) {
+    for (Label& value : w.frmSkyCond.CloudValue) value.Caption.clear();
+    ClearSkyCond(w);
 }
 
 void UpDateStatus(Workstation& w, std::string_view text, int colour) {
@@ -193,6 +248,18 @@ void UpDateStatus(Workstation& w, std::string_view text, int colour) {
 }
 
 void SetTop(Workstation& w) { w.frmSkyCond.TopMost = w.settings.Sky_Cond_On_Top == 1; }
+
+void ReShape(Workstation& w) {
+    FrmSkyCond& form = w.frmSkyCond;
+    SetTop(w);
+    const bool symbols = w.settings.Cloud_Amount == AmountSymbols;
+    for (std::size_t i = 0; i < SkyLayers; ++i) {
+        form.imgSky[i].Visible = symbols;
+        if (!symbols) form.imgSky[i].Picture = BlankSkySymbol(w);
+        form.lblSkyCond[2 * i].Alignment = symbols ? TextAlignment::Right : TextAlignment::Center;
+        form.lblSkyCond[2 * i].Caption.clear();
+    }
+}
 
 void CloudValue_Click(Workstation& w) {
     if (w.frmMain.mnuSkyCond.Checked) CopyCaptions(w.frmSkyCond.CloudValue, w.frmMain.CloudValue);

@@ -14,17 +14,21 @@ namespace cumeron {
 struct FrmSkyCond : Form {
     Label lblCT_2, lblDateTime, lblStatus;
     std::array<Label, 3> CloudValue, lblCloudtext;
-    Timer tmrAlarm;  // blinks the alarm
+    Label lblSkyHead;                  // what the layers below it are
+    std::array<Label, 10> lblSkyCond;  // amount and height of each layer
+    std::array<Image, 5> imgSky;       // symbol of each layer
+    Timer tmrAlarm;                    // blinks the alarm
 
-    // The size of the form, in twips, and those of its labels, noted when it is loaded: what a
-    // resize scales.
-    struct NotedLabel {
-        Label* label;
+    // The size of the form, in twips, and places and fonts of its controls, noted when it is
+    // loaded: what a resize scales.
+    struct NotedControl {
+        Control* control;
+        Label* label;  // null for what has no font
         double left, top, width, height;
         int fontSize;
     };
     double notedWidth = 0, notedHeight = 0;
-    std::vector<NotedLabel> notedLabels;
+    std::vector<NotedControl> notedControls;
 
     FrmSkyCond();
     ControlList Controls() override;
@@ -36,12 +40,19 @@ struct FrmSkyCond : Form {
 void PlaceSkyWindow(Workstation& w);
 // Shows the window, with everything brought up to date, or hides it.
 void mnuSkyCond_Click(Workstation& w);
-// Caption, date, status, texts and heights as the main window shows them now.
+// Caption, date, status, texts, heights and sky condition as the main window shows them now.
 void UpdateAll(Workstation& w);
+// The layers of the sky condition as the main window shows them, with a symbol for each.
+void UpDateSkyCond(Workstation& w);
+// Empties the layers; ClearValues also the cloud heights.
+void ClearSkyCond(Workstation& w);
+void ClearValues(Workstation& w);
 // The status line; an alarm in red blinks.
 void UpDateStatus(Workstation& w, std::string_view text, int colour);
 // On top of all windows if Sky_Cond_On_Top is 1.
 void SetTop(Workstation& w);
+// Makes room for symbols or not, as Cloud_Amount says, with SetTop; the layers are empty then.
+void ReShape(Workstation& w);
 
 // Clicks on labels of the main window: each copies its captions while the sky window is shown.
 void CloudValue_Click(Workstation& w);

@@ -17,6 +17,7 @@
 #include "platform/runtime/text.h"
 #include "shell/dispatch.h"
 #include "shell/indicators.h"
+#include "shell/sky_frame.h"
 #include "workstation.h"
 
 namespace cumeron {
@@ -85,7 +86,7 @@ void PlaceWindow(Workstation& w) {
 // The window exists from here on, also when nobody looks at it.
 void SetUpSkyWindow(Workstation& w) {
     PlaceSkyWindow(w);
-    w.frmMain.fraSkyCond.Visible = w.settings.Show_Sky_Cond != 0;
+    ShapeSkyFrame(w);
     LoadForm(w, w.frmSkyCond);
 }
 

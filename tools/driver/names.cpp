@@ -178,7 +178,7 @@ std::vector<std::string> Arguments(const std::string& text) {
     return arguments;
 }
 
-std::optional<Value> CallFunction(const Session& session, const std::string& name) {
+std::optional<Value> CallFunction(Session& session, const std::string& name) {
     const std::size_t open = name.find('(');
     if (open == std::string::npos || !name.ends_with(')')) return std::nullopt;
     for (const AskableFunction& function : session.variables.functions) {
@@ -188,7 +188,7 @@ std::optional<Value> CallFunction(const Session& session, const std::string& nam
             throw CommandError{function.name + " takes " + std::to_string(function.argumentCount) +
                                " arguments"};
         }
-        return function.call(arguments);
+        return function.call(session.Program(), arguments);
     }
     return std::nullopt;
 }

@@ -9,6 +9,7 @@
 #include "ui_frmCType.h"
 #include "ui_frmClouds.h"
 #include "ui_frmSetLog.h"
+#include "ui_frmSkyCondSettings.h"
 #include "ui_frmStart.h"
 #include "ui_frmStatus.h"
 
@@ -32,6 +33,7 @@ constexpr Design Designs[] = {
     {"frmCType", SetUp<Ui::frmCType>},
     {"frmClouds", SetUp<Ui::frmClouds>},
     {"frmSetLog", SetUp<Ui::frmSetLog>},
+    {"frmSkyCondSettings", SetUp<Ui::frmSkyCondSettings>},
     {"frmStart", SetUp<Ui::frmStart>},
     {"frmStatus", SetUp<Ui::frmStatus>},
 };
