@@ -37,12 +37,11 @@ const BlockRow* BlockOf(const Workstation& w) {
     return nullptr;
 }
 
-// An amount with an exponent may be too large for one; it is no amount then.
+// With an exponent, three characters can be more than an amount holds: no amount then.
 std::optional<std::int16_t> AmountIn(const std::string& field) {
     if (!IsNumeric(field)) return std::nullopt;
     const double amount = ToDouble(field);
-    using Limits = std::numeric_limits<std::int16_t>;
-    if (amount < Limits::min() || amount > Limits::max()) return std::nullopt;
+    if (amount > std::numeric_limits<std::int16_t>::max()) return std::nullopt;
     return ToInt16(amount);
 }
 

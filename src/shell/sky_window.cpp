@@ -116,6 +116,7 @@ void PlaceLayers(FrmSkyCond& form) {
         Write(height, 16, true, TextAlignment::Center);
         height.ToolTipText = SkyHeightTip;
         Place(form.imgSky[i], left, 202, symbolSize, symbolSize);
+        form.imgSky[i].Picture = "imgSkyCond(2)";  // the blank one
         form.imgSky[i].ToolTipText = SkyAmountTip;
     }
 }

@@ -440,5 +440,36 @@ TEST_F(InstantValues, ClearingEmptiesThePanel) {
     }
 }
 
+TEST_F(InstantValues, ClearingThemForgetsTheSkyCondition) {
+    for (const bool shown : {false, true}) {
+        SetModel(30, 3125);
+        w.frmMain.mnuSkyCond.Checked = shown;
+        w.sky.SkyValid = 1;
+        w.frmMain.lblSkyCond[3].Caption = "old";
+        w.frmSkyCond.lblSkyCond[9].Caption = "old";
+        w.frmSkyCond.CloudValue[2].Caption = "old";
+        ClearInstantValues(w);
+        EXPECT_EQ(w.sky.SkyValid, 0);
+        EXPECT_EQ(w.frmMain.lblSkyCond[3].Caption, "");
+        EXPECT_EQ(w.frmSkyCond.lblSkyCond[9].Caption, shown ? "" : "old");
+        EXPECT_EQ(w.frmSkyCond.CloudValue[2].Caption, shown ? "" : "old");
+    }
+}
+
+TEST_F(InstantValues, ASkyConditionIsTakenAndPassedOnToItsWindowWhileThatIsShown) {
+    SetModel(30, 3125);
+    const Piece block = {156, "  3 0450  5 1200  0 ////  8 2500   "};
+    Update({block});
+    EXPECT_EQ(w.frmMain.lblSkyCond[7].Caption, " 2500");
+    EXPECT_EQ(w.frmSkyCond.lblSkyCond[7].Caption, "");
+    w.frmMain.mnuSkyCond.Checked = true;
+    Update({block});
+    EXPECT_EQ(w.frmSkyCond.lblSkyCond[7].Caption, " 2500");
+    w.intake.MessageId = 3115;
+    Update({block});
+    EXPECT_EQ(w.frmMain.lblSkyCond[7].Caption, "");
+    EXPECT_EQ(w.frmSkyCond.lblSkyCond[7].Caption, "");
+}
+
 }  // namespace
 }  // namespace cumeron

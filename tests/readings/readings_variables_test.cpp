@@ -17,6 +17,9 @@ TEST(ReadingsVariables, AreAllThereByName) {
     w.readings.WindowCondition = "98% (Ok)";
     w.readings.StatusDigits = {8, 4};
     w.readings.StatusText = "all";
+    w.sky.SkyValid = 1;
+    w.sky.SkyAmounts = {3, 5};
+    w.sky.SkyHeights = {" 0450", " 1200"};
     VariableList list;
     ListReadingsVariables(list);
     std::string seen;
@@ -26,7 +29,22 @@ TEST(ReadingsVariables, AreAllThereByName) {
     }
     EXPECT_EQ(seen,
               "AngleText=+02;AngleValue=2;Tilted=1;WindowCondition=98% (Ok);StatusDigits=4;"
-              "StatusText=all;AlarmWarningText=Laser Temperature shut-off (A)\rb26 Unknown (A);");
+              "StatusText=all;AlarmWarningText=Laser Temperature shut-off (A)\rb26 Unknown (A);"
+              "SkyValid=1;SkyAmounts=5;SkyHeights= 1200;");
+}
+
+TEST(ReadingsVariables, TheWordOfAnAmountDependsOnTheModel) {
+    ScriptedMachine machine;
+    Workstation w(machine.platform);
+    VariableList list;
+    ListReadingsVariables(list);
+    ASSERT_EQ(list.functions.size(), 1U);
+    EXPECT_EQ(list.functions[0].name, "SkyAmountText");
+    EXPECT_EQ(list.functions[0].argumentCount, 1);
+    EXPECT_EQ(AsText(list.functions[0].call(w, {"-1"})), "Miss");
+    w.settings.CEILOMETER = 10;
+    LoadModel(w, LoadedBy::Start);
+    EXPECT_EQ(AsText(list.functions[0].call(w, {"-1"})), "Na");
 }
 
 TEST(ReadingsVariables, WhatIsWorkedOutCannotBeSet) {

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+
 #include "platform/scripted/scripted_machine.h"
 #include "platform/surface.h"
 #include "shell/indicators.h"
@@ -176,10 +178,13 @@ TEST(SkyWindow, ResizeScalesEverythingByTheSmallerRatio) {
     for (const auto& c : cases) {
         Program program;
         FrmSkyCond& sky = program.Sky();
-        const Label before[] = {sky.lblCT_2, sky.lblStatus, sky.lblDateTime, sky.CloudValue[2],
-                                sky.lblCloudtext[1]};
-        const Label* after[] = {&sky.lblCT_2, &sky.lblStatus, &sky.lblDateTime, &sky.CloudValue[2],
-                                &sky.lblCloudtext[1]};
+        const Label before[] = {sky.lblCT_2,       sky.lblStatus,       sky.lblDateTime,
+                                sky.CloudValue[2], sky.lblCloudtext[1], sky.lblSkyCond[9],
+                                sky.lblSkyHead};
+        const Label* after[] = {&sky.lblCT_2,       &sky.lblStatus,       &sky.lblDateTime,
+                                &sky.CloudValue[2], &sky.lblCloudtext[1], &sky.lblSkyCond[9],
+                                &sky.lblSkyHead};
+        const Image symbol = sky.imgSky[4];
         program.Show();
         ResizeForm(program.W(), sky, 350.4 * c.width, 290.4 * c.height);
         for (std::size_t i = 0; i < std::size(before); ++i) {
@@ -188,8 +193,13 @@ TEST(SkyWindow, ResizeScalesEverythingByTheSmallerRatio) {
             EXPECT_NEAR(after[i]->Top, before[i].Top * c.ratio, 1e-9);
             EXPECT_NEAR(after[i]->Width, before[i].Width * c.ratio, 1e-9);
             EXPECT_NEAR(after[i]->Height, before[i].Height * c.ratio, 1e-9);
-            EXPECT_EQ(after[i]->FontSize, before[i].FontSize * c.ratio);
+            EXPECT_EQ(after[i]->FontSize, std::nearbyint(before[i].FontSize * c.ratio));
         }
+        EXPECT_GT(symbol.Width, 0);
+        EXPECT_NEAR(sky.imgSky[4].Left, symbol.Left * c.ratio, 1e-9);
+        EXPECT_NEAR(sky.imgSky[4].Top, symbol.Top * c.ratio, 1e-9);
+        EXPECT_NEAR(sky.imgSky[4].Width, symbol.Width * c.ratio, 1e-9);
+        EXPECT_NEAR(sky.imgSky[4].Height, symbol.Height * c.ratio, 1e-9);
     }
 }
 
@@ -233,6 +243,143 @@ TEST(SkyWindow, LabelsLieInsideAndApart) {
             EXPECT_TRUE(apart);
         }
     }
+}
+
+TEST(SkyWindow, SymbolsStandBesideTheNumbersOfTheirLayers) {
+    const FrmSkyCond form;
+    for (std::size_t i = 0; i < form.imgSky.size(); ++i) {
+        const Label& amount = form.lblSkyCond[2 * i];
+        const Label& height = form.lblSkyCond[2 * i + 1];
+        const Image& symbol = form.imgSky[i];
+        EXPECT_EQ(symbol.Picture, "imgSkyCond(2)");
+        EXPECT_EQ(symbol.Left, amount.Left);
+        EXPECT_GE(symbol.Top, amount.Top);
+        EXPECT_LE(symbol.Top + symbol.Height, amount.Top + amount.Height);
+        EXPECT_EQ(symbol.Width, symbol.Height);
+        EXPECT_LE(symbol.Width, amount.Width - amount.FontSize) << "no room for a number";
+        EXPECT_EQ(height.Left, amount.Left);
+        EXPECT_EQ(height.Width, amount.Width);
+        EXPECT_GE(height.Top, amount.Top + amount.Height);
+        for (const Control* control :
+             {static_cast<const Control*>(&amount), static_cast<const Control*>(&symbol)}) {
+            EXPECT_EQ(control->ToolTipText, SkyAmountTip);
+        }
+        EXPECT_EQ(height.ToolTipText, SkyHeightTip);
+        for (const Label* label : {&amount, &height}) EXPECT_TRUE(label->Bold);
+        EXPECT_EQ(height.Alignment, TextAlignment::Center);
+    }
+    EXPECT_EQ(form.lblSkyHead.Caption, "Sky condition, lowest layer first");
+}
+
+// The numbers of the pictures, "13562".
+std::string Symbols(const FrmSkyCond& form) {
+    std::string text;
+    for (const Image& image : form.imgSky) text += image.Picture.at(11);
+    return text;
+}
+
+std::string Captions(const std::array<Label, 10>& labels) {
+    std::string text;
+    for (const Label& label : labels) text += label.Caption + "|";
+    return text;
+}
+
+TEST(SkyWindow, RepeatsTheLayersWithASymbolForEach) {
+    const struct {
+        const char* look;
+        const char* block;
+        const char* captions;
+        const char* symbols;
+    } cases[] = {
+        {"0", "  1 0100  2 0200  0 ////  4 0400  9 0500", "1| 0100|2| 0200|||4| 0400|9| 0500|",
+         "22222"},
+        {"1", "  1 0100  2 0200  0 ////  4 0400  9 0500",
+         "FEW| 0100|FEW| 0200|||SCT| 0400|VV| 0500|", "22222"},
+        {"2", "  1 0100  2 0200  0 ////  4 0400  9 0500", "1| 0100|2| 0200|||4| 0400|9| 0500|",
+         "11249"},
+        {"2", "  0 ////  0 ////  3 0300  5 0400 10 0500", "||||3| 0300|5| 0400|10| 0500|", "02352"},
+        {"2", "  6 ////  7 ////  8 ////  x ////  2 ////", "6||7||8||||2||", "67821"},
+        {"2", "/// //// /// //// /// //// /// //// /// ////", "-1||||||||||", "22222"},
+    };
+    for (const auto& c : cases) {
+        Program program(std::string("Cloud_Amount=") + c.look + "\r\n");
+        Workstation& w = program.W();
+        ParseSkyCondition(w.sky, c.block, 4, 4);
+        ShowSkyCondition(w);
+        program.Show();
+        EXPECT_EQ(Captions(program.Sky().lblSkyCond), c.captions) << c.block;
+        EXPECT_EQ(Symbols(program.Sky()), c.symbols) << c.look << c.block;
+    }
+}
+
+TEST(SkyWindow, WithoutABlockItIsEmptyButForTheSymbolOfTheHighestLayer) {
+    Program program("Cloud_Amount=2\r\n");
+    Workstation& w = program.W();
+    program.Show();
+    const auto showLayers = [&] {
+        ParseSkyCondition(w.sky, "  1 0100  3 0200  4 0300  5 0400  6 0500", 4, 4);
+        ShowSkyCondition(w);
+        UpDateSkyCond(w);
+        program.Sky().CloudValue[1].Caption = "00100";
+    };
+    showLayers();
+    w.sky.SkyValid = 0;
+    UpDateSkyCond(w);
+    EXPECT_EQ(Captions(program.Sky().lblSkyCond), "||||||||||");
+    EXPECT_EQ(Symbols(program.Sky()), "22226");
+    EXPECT_EQ(program.Sky().CloudValue[1].Caption, "00100");
+    showLayers();
+    ClearValues(w);
+    EXPECT_EQ(Captions(program.Sky().lblSkyCond), "||||||||||");
+    EXPECT_EQ(Symbols(program.Sky()), "22226");
+    for (const Label& value : program.Sky().CloudValue) EXPECT_EQ(value.Caption, "");
+}
+
+TEST(SkyWindow, ShapeFollowsTheLookOfTheAmounts) {
+    for (const std::int16_t look : {AmountNumbers, AmountTexts, AmountSymbols}) {
+        const bool symbols = look == AmountSymbols;
+        Program program("Cloud_Amount=" + std::to_string(look) + "\r\n");
+        FrmSkyCond& sky = program.Sky();
+        const auto checkShape = [&](const char* when) {
+            for (std::size_t i = 0; i < sky.imgSky.size(); ++i) {
+                EXPECT_EQ(sky.imgSky[i].Visible, symbols) << when;
+                EXPECT_EQ(sky.lblSkyCond[2 * i].Alignment,
+                          symbols ? TextAlignment::Right : TextAlignment::Center)
+                    << when;
+            }
+        };
+        checkShape("from the start");
+        for (std::size_t i = 0; i < sky.imgSky.size(); ++i) {
+            sky.imgSky[i].Visible = !symbols;
+            sky.imgSky[i].Picture = "imgSkyCond(8)";
+            sky.lblSkyCond[2 * i].Alignment = TextAlignment::Left;
+        }
+        for (Label& label : sky.lblSkyCond) label.Caption = "old";
+        program.W().settings.Sky_Cond_On_Top = 1;
+        ReShape(program.W());
+        checkShape("again");
+        EXPECT_EQ(Symbols(sky), symbols ? "88888" : "22222");
+        EXPECT_EQ(Captions(sky.lblSkyCond), "|old||old||old||old||old|");
+        EXPECT_TRUE(sky.TopMost);
+    }
+}
+
+TEST(SkyWindow, IsUpToDateBeforeItIsSeen) {
+    Program program("Main_Caption=North\r\n");
+    std::string seen;
+    program.Sky().Activate = [&](Workstation& w) { seen = w.frmSkyCond.Caption; };
+    program.Show();
+    EXPECT_EQ(seen, "Sky Condition [CUMERON - North]");
+}
+
+TEST(SkyWindow, AfterAStartThatFailedItIsShownAllTheSame) {
+    Program program("Units=no number\r\nCloud_Amount=2\r\n");
+    ASSERT_FALSE(program.Sky().Loaded);
+    program.machine.dialogs.TakeBox();
+    program.Show();
+    EXPECT_TRUE(program.Sky().Visible);
+    EXPECT_EQ(program.Sky().lblStatus.Caption, program.Main().sbaStatus.Status.Text);
+    EXPECT_FALSE(program.Sky().imgSky[0].Visible);
 }
 
 TEST(SkyWindow, ClicksOnTheMainWindowCopyCaptions) {
