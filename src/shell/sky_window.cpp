@@ -102,20 +102,21 @@ void Write(Label& label, int fontSize, bool bold, TextAlignment alignment) {
 }
 
 // A column for each layer, side by side: the amount with the symbol at its left, below it the
-// height.
+// height. A number is nearer to its own symbol than to that of the next layer.
 void PlaceLayers(FrmSkyCond& form) {
-    constexpr double columnLeft = 8, columnWidth = 66, gap = 1, symbolSize = 38;
+    constexpr double firstLeft = 7, pitch = 69, amountWidth = 60, heightWidth = 62;
+    constexpr double symbolSize = 36;
     for (std::size_t i = 0; i < SkyLayers; ++i) {
-        const double left = columnLeft + (columnWidth + gap) * static_cast<double>(i);
+        const double left = firstLeft + pitch * static_cast<double>(i);
         Label& amount = form.lblSkyCond[2 * i];
-        Place(amount, left, 198, columnWidth, 46);
-        Write(amount, 20, true, TextAlignment::Center);
+        Place(amount, left, 198, amountWidth, 46);
+        Write(amount, 18, true, TextAlignment::Center);
         amount.ToolTipText = SkyAmountTip;
         Label& height = form.lblSkyCond[2 * i + 1];
-        Place(height, left, 246, columnWidth, 38);
-        Write(height, 16, true, TextAlignment::Center);
+        Place(height, left - (heightWidth - amountWidth) / 2, 246, heightWidth, 38);
+        Write(height, 14, true, TextAlignment::Center);
         height.ToolTipText = SkyHeightTip;
-        Place(form.imgSky[i], left, 202, symbolSize, symbolSize);
+        Place(form.imgSky[i], left, 203, symbolSize, symbolSize);
         form.imgSky[i].Picture = "imgSkyCond(2)";  // the blank one
         form.imgSky[i].ToolTipText = SkyAmountTip;
     }

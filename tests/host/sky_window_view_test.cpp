@@ -161,6 +161,15 @@ TEST_F(SkyWindowViewTest, TextsFitIntoTheirColumns) {
     }
 }
 
+TEST_F(SkyWindowViewTest, WordsAreAllOfOneSize) {
+    ShowSky(AmountTexts);
+    Receive("  2 0450  4 1200  7 2000  8 2500");
+    Update();
+    for (const char* name : {"lblSkyCond(0)", "lblSkyCond(2)", "lblSkyCond(4)", "lblSkyCond(6)"}) {
+        EXPECT_EQ(Find(name)->font().pixelSize(), 24) << Find(name)->text().toStdString();
+    }
+}
+
 TEST_F(SkyWindowViewTest, SymbolsAreSeenOnlyWhereTheyAreWanted) {
     ShowSky(AmountSymbols);
     EXPECT_TRUE(Find<PictureWidget>("imgSky(4)")->isVisible());

@@ -27,7 +27,7 @@ TEST(SkyFrame, EverythingLiesInsideAndApart) {
         EXPECT_LT(control->Left + control->Width, form.fraSkyCond.Width);
         EXPECT_LT(control->Top + control->Height, form.fraSkyCond.Height);
         for (const Control* other : shown) {
-            if (other != control) EXPECT_TRUE(Apart(*control, *other));
+            EXPECT_TRUE(other == control || Apart(*control, *other));
         }
     }
     EXPECT_TRUE(Apart(form.fraSkyCond, form.fraValues));
@@ -46,7 +46,7 @@ TEST(SkyFrame, ALayerIsARow) {
         EXPECT_EQ(height.Alignment, TextAlignment::Right);
         EXPECT_EQ(amount.ToolTipText, SkyAmountTip);
         EXPECT_EQ(height.ToolTipText, SkyHeightTip);
-        if (i > 0) EXPECT_GT(amount.Top, form.lblSkyCond[2 * i - 2].Top);
+        EXPECT_TRUE(i == 0 || amount.Top > form.lblSkyCond[2 * i - 2].Top);
     }
 }
 
