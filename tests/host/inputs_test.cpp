@@ -2,6 +2,7 @@
 // handler, and what the record holds is shown.
 #include <gtest/gtest.h>
 
+#include <QApplication>
 #include <QCheckBox>
 #include <QClipboard>
 #include <QComboBox>
@@ -135,6 +136,52 @@ TEST_F(InputsTest, ACheckBoxTurnsBeforeItsHandlerRuns) {
     view.Sync();
     EXPECT_TRUE(Find<QCheckBox>("chkOn")->isChecked());
     EXPECT_EQ(Find<QCheckBox>("chkOn")->text(), "Really");
+}
+
+// With a handler of their own they still do first what they do.
+TEST_F(InputsTest, MouseAndSpaceBarTurnWhatHasAHandler) {
+    view.WindowOf(form)->BringToFront();
+    Settle();
+    int seen = 0;
+    form.chkOn.Click = [&](Workstation&) { seen = 10 * seen + form.chkOn.Value + 1; };
+    form.optLarge.Click = [&](Workstation&) { seen = 10 * seen + (form.optLarge.Value ? 4 : 3); };
+    auto* box = Find<QCheckBox>("chkOn");
+    auto* option = Find<QRadioButton>("optLarge");
+    const auto clickMark = [](QWidget* widget) {
+        QTest::mouseClick(widget, Qt::LeftButton, {}, QPoint(8, widget->height() / 2));
+    };
+    clickMark(box);
+    EXPECT_EQ(seen, 2);
+    box->setFocus();
+    QTest::keyClick(box, Qt::Key_Space);
+    EXPECT_EQ(seen, 21);
+    clickMark(option);
+    EXPECT_EQ(seen, 214);
+    EXPECT_TRUE(form.optLarge.Value);
+    form.optLarge.Value = false;
+    view.Sync();
+    option->setFocus();
+    QTest::keyClick(option, Qt::Key_Space);
+    EXPECT_EQ(seen, 2144);
+}
+
+TEST_F(InputsTest, TheSpaceBarOfAListWithAHandlerIsItsOwn) {
+    view.WindowOf(form)->BringToFront();
+    Settle();
+    int clicks = 0;
+    for (Control* record :
+         {static_cast<Control*>(&form.dirFolder), static_cast<Control*>(&form.cboList),
+          static_cast<Control*>(&form.tabPages)}) {
+        record->Click = [&](Workstation&) { ++clicks; };
+    }
+    for (const char* name : {"dirFolder", "cboList", "tabPages"}) {
+        auto* widget = Find<QWidget>(name);
+        QKeyEvent space(QEvent::KeyPress, Qt::Key_Space, Qt::NoModifier, " ");
+        widget->setFocus();
+        QCoreApplication::sendEvent(widget, &space);
+        EXPECT_EQ(clicks, 0) << name;
+        if (auto* popup = QApplication::activePopupWidget()) popup->close();
+    }
 }
 
 TEST_F(InputsTest, AnItemIsChosenWithTheKeys) {

@@ -1,9 +1,13 @@
 #include "platform/host/gestures.h"
 
+#include <QAbstractButton>
+#include <QAbstractItemView>
 #include <QApplication>
+#include <QComboBox>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QMouseEvent>
+#include <QTabBar>
 #include <algorithm>
 #include <cmath>
 
@@ -31,6 +35,14 @@ void ShowFocus(QWidget* widget, bool focused) {
     if (frame == nullptr || frame->frameShape() == QFrame::NoFrame) return;
     frame->setFrameShadow(focused ? QFrame::Plain : QFrame::Sunken);
     frame->setLineWidth(focused ? 3 : 1);
+}
+
+// These take clicks and keys themselves, and run the handler when they have changed.
+bool ClicksItself(const QWidget* widget) {
+    return qobject_cast<const QAbstractButton*>(widget) != nullptr ||
+           qobject_cast<const QComboBox*>(widget) != nullptr ||
+           qobject_cast<const QAbstractItemView*>(widget) != nullptr ||
+           qobject_cast<const QTabBar*>(widget) != nullptr;
 }
 
 QRectF PlaceIn(const QWidget& client, const QWidget& widget) {
@@ -90,6 +102,7 @@ bool Gestures::eventFilter(QObject* object, QEvent* event) {
 }
 
 bool Gestures::Released(Watched& watched, QWidget* widget, QEvent* event) {
+    if (ClicksItself(widget)) return false;
     const auto* mouse = static_cast<QMouseEvent*>(event);
     const bool inside = widget->rect().contains(mouse->position().toPoint());
     if (mouse->button() != Qt::LeftButton || !inside || !watched.record->Click) return false;
@@ -108,7 +121,7 @@ void Gestures::Entered(Watched& watched, QWidget* widget) {
 // What has the focus and takes a click takes it from the space bar too.
 bool Gestures::KeyPressed(Watched& watched, QWidget* widget, int key) {
     if (watched.record->Draggable && watched.IsBar()) return MoveByKey(watched, widget, key);
-    if (key != Qt::Key_Space || !watched.record->Click) return false;
+    if (key != Qt::Key_Space || !watched.record->Click || ClicksItself(widget)) return false;
     run(watched.record->Click);
     return true;
 }
