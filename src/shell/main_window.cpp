@@ -8,6 +8,7 @@
 #include "graphs/time_axis.h"
 #include "platform/runtime/errors.h"
 #include "platform/runtime/text.h"
+#include "shell/sky_frame.h"
 #include "workstation.h"
 
 // The window, in pixels of the client area. X, W and H are worked out here, the rest is design.
@@ -92,6 +93,9 @@ void PlaceSides(FrmMain& form) {
     form.picYLabelsBack.Left = form.picYLabels.Left;
     form.fraValues.Left = ToInt16(graphLeft + GraphWidth(form) + GapToValues);
     form.fraSkyCond.Left = form.fraValues.Left;
+    // In a low window it ends at the status bar.
+    const double roomBelow = form.ScaleHeight() - form.sbaStatus.Height - form.fraSkyCond.Top;
+    form.fraSkyCond.Height = std::clamp(roomBelow, 1.0, SkyFrameHeight);
     // The clock ends where the values end.
     form.lblDateTime.Left = form.fraValues.Left + form.fraValues.Width - form.lblDateTime.Width;
     form.lblXaxis.Left =

@@ -7,7 +7,7 @@ namespace cumeron {
 namespace {
 
 // Pixels. A row of amount and height for each layer, a symbol beside those that it may stand for.
-constexpr double FrameTop = 347, FrameWidth = 200, FrameHeight = 158;
+constexpr double FrameTop = 347, FrameWidth = 200;
 constexpr double FirstRow = 24, RowHeight = 26, LabelHeight = 24;
 constexpr double SymbolLeft = 10, SymbolSize = 32;
 constexpr double AmountLeft = 46, AmountWidth = 60, HeightLeft = 108, HeightWidth = 84;
@@ -73,7 +73,7 @@ void ResetSkyFrame(FrmMain& form) {
     form.fraSkyCond = Frame();
     form.fraSkyCond.Caption = "Sky Condition";
     form.fraSkyCond.Visible = false;
-    Place(form.fraSkyCond, 0, FrameTop, FrameWidth, FrameHeight);
+    Place(form.fraSkyCond, 0, FrameTop, FrameWidth, SkyFrameHeight);
     ResetLayers(form);
     ResetSymbols(form);
 }

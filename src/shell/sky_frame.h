@@ -9,6 +9,8 @@ namespace cumeron {
 
 struct FrmMain;
 
+inline constexpr double SkyFrameHeight = 158;  // pixels, with all its layers
+
 void ResetSkyFrame(FrmMain& form);
 void ListSkyFrame(ControlList& list, FrmMain& form);
 // Shows or hides the frame, and the symbols in it, as the settings want it.

@@ -260,6 +260,33 @@ TEST_F(KeyboardTest, RefusedPortSettingsLeaveTheDialogOpenBehindItsBoxes) {
     EXPECT_FALSE(w.ConfigScrn.Loaded);
 }
 
+TEST_F(KeyboardTest, SkyConditionSettingsAreChangedAndAccepted) {
+    Choose("mnuSkyCondSettings", {[&] {
+               EXPECT_EQ(FrontWindow(), "frmSkyCondSettings");
+               EXPECT_EQ(QApplication::focusWidget()->objectName(), "optCloudAmount(0)");
+               Press(Qt::Key_Down);
+               TabTo("chkShowSkyCond");
+               Press(Qt::Key_Space);
+               view.Sync();
+               TabTo("chkSkyCondTop");
+               Press(Qt::Key_Space);
+               Press(Qt::Key_Return);
+           }});
+    EXPECT_FALSE(w.frmSkyCondSettings.Loaded);
+    EXPECT_EQ(w.settings.Cloud_Amount, 1);
+    EXPECT_EQ(w.settings.Sky_Cond_On_Top, 1);
+    EXPECT_TRUE(FindIn<QWidget>(w.frmMain, "fraSkyCond")->isVisible());
+}
+
+TEST_F(KeyboardTest, SkyConditionSettingsAreChangedAndCancelled) {
+    Choose("mnuSkyCondSettings", {[&] {
+               Press(Qt::Key_Down);
+               Press(Qt::Key_Escape);
+           }});
+    EXPECT_FALSE(w.frmSkyCondSettings.Loaded);
+    EXPECT_EQ(w.settings.Cloud_Amount, 0);
+}
+
 TEST_F(KeyboardTest, TheAboutBoxIsOpenedAndClosed) {
     Choose("mnuAbout", {[&] {
                EXPECT_EQ(FindIn<QLabel>(w.frmAbout, "lblInstance")->text(),

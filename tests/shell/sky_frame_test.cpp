@@ -83,6 +83,20 @@ TEST(SkyFrame, PicturesAreTakenFromAndNeverSeen) {
     EXPECT_FALSE(form.fraSkyCond.Visible);
 }
 
+TEST(SkyFrame, EndsAtTheStatusBarOfALowWindow) {
+    const struct {
+        double windowHeight, height;
+    } cases[] = {{800, 158}, {533, 158}, {532, 157}, {450, 75}, {376, 1}, {200, 1}, {800, 158}};
+    for (const char* view : {"", "split"}) {
+        RunningProgram program;
+        if (*view != '\0') program.Click(program.Form().mnuSplitScreen);
+        for (const auto& c : cases) {
+            program.Resize(640, c.windowHeight);
+            EXPECT_EQ(program.Form().fraSkyCond.Height, c.height) << c.windowHeight << view;
+        }
+    }
+}
+
 TEST(SkyFrame, ShowsWhatTheSettingsWant) {
     const struct {
         const char* lines;
