@@ -151,7 +151,10 @@ void UpdateSkyCondition(Workstation& w, std::string_view frame) {
         ParseSkyCondition(w.sky, block, row->records, row->digits);
     }
     ShowSkyCondition(w);
-    if (w.frmMain.mnuSkyCond.Checked) UpDateSkyCond(w);
+    if (!w.frmMain.mnuSkyCond.Checked) return;
+    // An observer reads heights in this window too; those of an older message would deceive.
+    RepeatValues(w);
+    UpDateSkyCond(w);
 }
 
 }  // namespace cumeron

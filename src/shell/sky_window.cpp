@@ -203,11 +203,17 @@ void UpdateAll(Workstation& w) {
     FrmSkyCond& form = w.frmSkyCond;
     const FrmMain& main = w.frmMain;
     form.Caption = "Sky Condition [" + w.shell.MainTitle + "]";
-    form.lblDateTime.Caption = WithoutLeadingBlanks(main.lblDateTime.Caption);
+    RepeatValues(w);
     UpDateStatus(w, main.sbaStatus.Status.Text, main.sbaStatus.Status_Image.Visible ? Red : Black);
+    UpDateSkyCond(w);
+}
+
+void RepeatValues(Workstation& w) {
+    FrmSkyCond& form = w.frmSkyCond;
+    const FrmMain& main = w.frmMain;
+    form.lblDateTime.Caption = WithoutLeadingBlanks(main.lblDateTime.Caption);
     CopyCaptions(form.lblCloudtext, main.lblCloudtext);
     CopyCaptions(form.CloudValue, main.CloudValue);
-    UpDateSkyCond(w);
 }
 
 void UpDateSkyCond(Workstation& w) {

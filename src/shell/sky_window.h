@@ -42,6 +42,8 @@ void PlaceSkyWindow(Workstation& w);
 void mnuSkyCond_Click(Workstation& w);
 // Caption, date, status, texts, heights and sky condition as the main window shows them now.
 void UpdateAll(Workstation& w);
+// The part of it that follows each message: date, texts and heights.
+void RepeatValues(Workstation& w);
 // The layers of the sky condition as the main window shows them, with a symbol for each.
 void UpDateSkyCond(Workstation& w);
 // Empties the layers; ClearValues also the cloud heights.
