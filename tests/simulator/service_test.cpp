@@ -38,6 +38,16 @@ TEST(HearBytes, TakesCommandsInPieces) {
     EXPECT_NE(HearBytes(service, "tus\r", 0).find("TRULY"), std::string::npos);
 }
 
+TEST(HearBytes, EchoesOnAnOpenServiceLineWhenAsked) {
+    Service service = MakeService();
+    service.echo = true;
+    EXPECT_EQ(HearBytes(service, "OPEN\r", 0), "\r\nCEILO> ") << "not before it is open";
+    EXPECT_EQ(HearBytes(service, "hel", 0), "hel");
+    EXPECT_TRUE(HearBytes(service, "p\r", 0).starts_with("p\r\r\nCOMMANDS"));
+    EXPECT_TRUE(HearBytes(service, "CLOSE\r", 0).starts_with("CLOSE\r\r\nLINE CLOSED"));
+    EXPECT_EQ(HearBytes(service, "x", 0), "");
+}
+
 TEST(HearBytes, IsDeafToCommandsBeforeOpen) {
     Service service = MakeService();
     for (const char* word : {"status\r", "CLOSE\r", "\r", "hello\r"})

@@ -77,6 +77,8 @@ void AddLineOptions(CLI::App& app, Options& o, Live& live) {
     app.add_option("--connect-after", live.service.connectAfter, "Seconds from dialling to CONNECT")
         ->check(CLI::NonNegativeNumber)
         ->capture_default_str();
+    app.add_flag("--echo", live.service.echo,
+                 "Send back each character while the service line is open");
     app.add_option("--drop-call-after", live.service.dropCallAfter,
                    "Seconds from CONNECT to NO CARRIER")
         ->check(CLI::PositiveNumber);

@@ -58,6 +58,7 @@ void StartService(Service& service) {
 std::string HearBytes(Service& service, std::string_view bytes, double time) {
     std::string answer;
     for (char c : bytes) {
+        if (service.echo && service.open) answer += c;
         if (c == '\n') continue;
         if (c != '\r') {
             if (service.line.size() < LongestLine) service.line += c;

@@ -17,6 +17,7 @@ struct Service {
     std::string dialPrefix;
     double connectAfter = 5;   // seconds from the dial string to "CONNECT"
     double dropCallAfter = 0;  // seconds from "CONNECT" to "NO CARRIER", 0: never
+    bool echo = false;         // characters come back while the service line is open
     // State
     ModemState modem = ModemState::None;
     double modemDue = 0;   // time of "CONNECT" or "NO CARRIER"
