@@ -123,6 +123,8 @@ struct TextBox : Control {
     std::string Mask;      // "##": the places that take a digit each; "" takes any text
     // Gets the code of the key and gives the one to use instead; 0 throws the key away.
     std::function<int(Workstation&, int)> KeyPress;
+    // Gets a text that is pasted or dropped; true keeps it from the box.
+    std::function<bool(Workstation&, const std::string&)> Paste;
     Handler Change;  // the operator has changed the text
 };
 

@@ -38,6 +38,8 @@ TEST(ToFileName, KeepsUtf8AndTranslatesTheRest) {
 TEST(WithDotsForControls, LeavesTextAndLineEnds) {
     EXPECT_EQ(WithDotsForControls(QString("\x01KN\x02\t\r\n\x03")),
               QStringLiteral(u"\u00B7KN\u00B7\t\r\n\u00B7"));
+    EXPECT_EQ(WithDotsForControls(QStringLiteral(u"~\u007F\u0081\u009F\u00A0\u20AC")),
+              QStringLiteral(u"~\u00B7\u00B7\u00B7\u00A0\u20AC"));
 }
 
 TEST(LocaleFormats, DatesKeepOrderAndSeparator) {

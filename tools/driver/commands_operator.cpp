@@ -177,8 +177,13 @@ void RunPaste(Session& session, const Words& arguments) {
     const FoundControl found = FindControl(session, arguments[0]);
     TextBox& box = InputBox(found, arguments[0]);
     CheckReachable(session, found);
-    InsertText(box, arguments[1]);
-    Dispatch(session, box.Change);
+    Dispatch(session, [&](Workstation& w) {
+        const auto paste = box.Paste;
+        if (paste && paste(w, arguments[1])) return;
+        InsertText(box, arguments[1]);
+        const Handler change = box.Change;
+        if (change) change(w);
+    });
 }
 
 // A masked box shows a line where a place is still empty.

@@ -29,6 +29,7 @@ constexpr SpokenRow SpokenRows[] = {
     {"picSplitSizer", "Border between cloud graph and profile"},
     {"txtMessage", "Messages"},
     {"stsMessage", "Status message"},
+    {"txtTerm", "Terminal"},
 };
 
 QRect PlaceOf(const Control& record) {

@@ -14,6 +14,7 @@
 
 #include "platform/host/form_steps.h"
 #include "platform/host/form_view.h"
+#include "platform/host/lines_box.h"
 #include "platform/host/unicode.h"
 #include "platform/host/widgets.h"
 
@@ -28,19 +29,6 @@ QFont FontOf(const std::string& name) {
     font.setStyleHint(QFont::Monospace);
     font.setPixelSize(FixedFontPixels);
     return font;
-}
-
-QString ShownText(const TextBox& record) {
-    return WithDotsForControls(ToUnicode(record.Text)).replace("\r\n", "\n").replace('\r', '\n');
-}
-
-// The end of a line is two characters of the record and one of the widget.
-void PutCursor(const TextBox& record, QPlainTextEdit& edit) {
-    const std::string before = record.Text.substr(0, static_cast<std::size_t>(record.SelStart));
-    const auto position = ToUnicode(before).replace("\r\n", "\n").size();
-    QTextCursor cursor = edit.textCursor();
-    cursor.setPosition(static_cast<int>(position));
-    edit.setTextCursor(cursor);
 }
 
 // A label of the design that belongs to the widget says what it is.
@@ -143,9 +131,16 @@ std::function<int(int)> FormView::GateOf(TextBox& record) {
     };
 }
 
+std::function<bool(const std::string&)> FormView::PasteGateOf(TextBox& record) {
+    return [this, &record](const std::string& text) {
+        bool taken = false;
+        Run([&record, &taken, &text](Workstation& w) { taken = record.Paste(w, text); });
+        return taken;
+    };
+}
+
 // A text that the record holds already came from there.
-void FormView::TakeText(TextBox& record, const QString& text) {
-    const std::string typed = FromUnicode(text);
+void FormView::TakeText(TextBox& record, const std::string& typed) {
     if (typed == record.Text) return;
     record.Text = typed;
     Run(record.Change);
@@ -159,7 +154,7 @@ void FormView::BindLine(const NamedControl& named, TextBox& record) {
     if (record.KeyPress) new LineGate(edit, GateOf(record));
     if (!record.Mask.empty()) edit->setInputMask(ToUnicode(record.Mask).replace('#', '9') + ";_");
     connect(edit, &QLineEdit::textEdited, this,
-            [this, &record, edit] { TakeText(record, LineText(*edit)); });
+            [this, &record, edit] { TakeText(record, FromUnicode(LineText(*edit))); });
     steps.push_back([&record, edit] {
         const QString text = ToUnicode(record.Text);
         if (LineText(*edit) != text) edit->setText(text);
@@ -174,24 +169,35 @@ void FormView::BindLines(const NamedControl& named, TextBox& record) {
     Follow(named, record, edit);
     NameAfterControl(named, edit, designed);
     edit->setFont(FontOf(record.FontName));
-    if (record.KeyPress) edit->Gate = GateOf(record);
+    const auto putCursor = [edit](const TextBox& r) { PutCursor(r.Text, r.SelStart, *edit); };
+    if (record.KeyPress) {
+        edit->Gate = [gate = GateOf(record), putCursor, &record](int code) {
+            const int used = gate(code);
+            // Where the record's cursor is at the end, so is the widget's, wherever the operator
+            // had put it.
+            if (used == 0 && record.SelStart == static_cast<int>(record.Text.size())) {
+                putCursor(record);
+            }
+            return used;
+        };
+    }
+    if (record.Paste) edit->PasteGate = PasteGateOf(record);
     // A change that comes from the record does not go back there.
     connect(edit, &QPlainTextEdit::textChanged, this, [this, &record, edit] {
         if (edit->property("following").toBool()) return;
-        TakeText(record, edit->toPlainText().replace("\n", "\r\n"));
+        TakeText(record, TakeLines(*edit, record.Text));
     });
     steps.push_back(OnChange(
         record, [](const TextBox& r) { return r.Text; },
-        [edit](const TextBox& r) {
-            if (ShownText(r) == edit->toPlainText()) return;
+        [edit, putCursor](const TextBox& r) {
+            if (ShownLines(r.Text) == LinesOf(*edit)) return;
             edit->setProperty("following", true);
-            edit->setPlainText(ShownText(r));
+            ShowLines(r.Text, *edit);
             edit->setProperty("following", false);
-            PutCursor(r, *edit);
+            putCursor(r);
         }));
     steps.push_back(OnChange(
-        record, [](const TextBox& r) { return r.SelStart; },
-        [edit](const TextBox& r) { PutCursor(r, *edit); }));
+        record, [](const TextBox& r) { return r.SelStart; }, putCursor));
 }
 
 void FormView::Bind(const NamedControl& named, OptionButton& record) {

@@ -94,7 +94,8 @@ private:
     void BindLine(const NamedControl& named, TextBox& record);
     void BindLines(const NamedControl& named, TextBox& record);
     std::function<int(int)> GateOf(TextBox& record);
-    void TakeText(TextBox& record, const QString& text);
+    std::function<bool(const std::string&)> PasteGateOf(TextBox& record);
+    void TakeText(TextBox& record, const std::string& typed);
     void NoteChange();
     void TellState(int state, bool withSize);
     bool KeyPressed(int key);

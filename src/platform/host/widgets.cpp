@@ -21,13 +21,17 @@ constexpr int BackspaceCode = 8, DeleteCode = 127;
 
 bool IsKept(char16_t c) { return c == '\r' || c == '\n' || c == '\t'; }
 
+bool IsControl(char16_t c) { return c < ' ' || (c >= 0x7F && c < 0xA0); }
+
 // A key that would change the text, as the code of the gate; 0 for all others.
 int CodeOfKey(const QKeyEvent& event) {
     if (event.key() == Qt::Key_Backspace) return BackspaceCode;
-    if (event.key() == Qt::Key_Delete || event.matches(QKeySequence::Cut)) return DeleteCode;
+    if (event.key() == Qt::Key_Delete) return DeleteCode;
+    for (const auto key : {QKeySequence::Copy, QKeySequence::Paste, QKeySequence::SelectAll}) {
+        if (event.matches(key)) return 0;
+    }
     const QString text = event.text();
-    if (text.isEmpty() || (text[0].unicode() < ' ' && !IsKept(text[0].unicode()))) return 0;
-    return static_cast<unsigned char>(FromUnicode(text)[0]);
+    return text.isEmpty() ? 0 : static_cast<unsigned char>(FromUnicode(text)[0]);
 }
 
 }  // namespace
@@ -103,7 +107,19 @@ void GatedTextEdit::keyPressEvent(QKeyEvent* event) {
     }
 }
 
+void GatedTextEdit::inputMethodEvent(QInputMethodEvent* event) {
+    if (!Gate || event->commitString().isEmpty()) {
+        QPlainTextEdit::inputMethodEvent(event);
+        return;
+    }
+    const QString composed = event->commitString();
+    event->setCommitString(QString());
+    QPlainTextEdit::inputMethodEvent(event);
+    InsertThroughGate(composed);
+}
+
 void GatedTextEdit::insertFromMimeData(const QMimeData* source) {
+    if (PasteGate && PasteGate(FromUnicode(source->text()))) return;
     if (Gate) {
         InsertThroughGate(source->text());
     } else {
@@ -170,7 +186,7 @@ void LineGate::PassInserted() {
 
 QString WithDotsForControls(QString text) {
     for (QChar& c : text) {
-        if (c.unicode() < ' ' && !IsKept(c.unicode())) c = QChar(ControlDot);
+        if (IsControl(c.unicode()) && !IsKept(c.unicode())) c = QChar(ControlDot);
     }
     return text;
 }

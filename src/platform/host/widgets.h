@@ -54,17 +54,21 @@ private:
     int wantedPixels = 12;
 };
 
-// Every character on its way into the text, typed, pasted or dropped, goes through the gate first.
+// Every character on its way into the text, typed, composed, pasted or dropped, goes through the
+// gate first.
 class GatedTextEdit : public QPlainTextEdit {
 public:
     // Gets a character's code (code page 1252; 8 and 127 for the two delete keys) and gives the one
     // to use; 0 throws it away.
     std::function<int(int)> Gate;
+    // Gets what is pasted or dropped, as a whole, before the gate does; true keeps it.
+    std::function<bool(const std::string&)> PasteGate;
 
     explicit GatedTextEdit(QWidget* parent);
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
+    void inputMethodEvent(QInputMethodEvent* event) override;
     void insertFromMimeData(const QMimeData* source) override;
 
 private:
@@ -87,8 +91,8 @@ private:
     bool keyPassed = false;  // the change to come is that of a key that was let through
 };
 
-// Control characters of a text as dots, so that the frame around a message can be seen; fonts show
-// nothing or boxes for them.
+// Control characters of a text as dots, those behind the letters too, so that the frame around a
+// message can be seen; fonts show nothing or boxes for them.
 QString WithDotsForControls(QString text);
 
 }  // namespace cumeron
