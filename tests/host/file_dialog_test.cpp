@@ -141,6 +141,17 @@ TEST_F(FileDialogTest, AFileToWriteMayBeNew) {
     EXPECT_EQ(Ask([&](QFileDialog& dialog) { Type(dialog, "new.txt"); }), own.Path("logs/new.txt"));
 }
 
+TEST_F(FileDialogTest, AsksBeforeItReplacesUnlessTheProgramDoes) {
+    question.forWriting = true;
+    for (const bool asks : {false, true}) {
+        question.asksItself = asks;
+        Ask([&](QFileDialog& dialog) {
+            EXPECT_EQ(dialog.testOption(QFileDialog::DontConfirmOverwrite), asks);
+            dialog.reject();
+        });
+    }
+}
+
 TEST_F(FileDialogTest, NamesWithUmlautsAreTextsOfTheProgram) {
     WriteFile(own.Path("logs/\xC3\x9C.DAT"), "x");
     const std::string chosen =

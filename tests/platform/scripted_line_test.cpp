@@ -208,5 +208,14 @@ TEST(ScriptedLine, NewProcessHasAControlOfItsOwn) {
     EXPECT_TRUE(bench.line.CDHolding());
 }
 
+TEST(ScriptedLine, OneOutputFailsWhenTheScriptWantsIt) {
+    Bench bench;
+    bench.line.SetPortOpen(true);
+    bench.line.FailNextOutput(57);
+    EXPECT_EQ(ErrorOf([&] { bench.line.Output("a"); }), 57);
+    EXPECT_EQ(ErrorOf([&] { bench.line.Output("b"); }), 0);
+    EXPECT_EQ(bench.line.TakeSent(), "b");
+}
+
 }  // namespace
 }  // namespace cumeron

@@ -122,6 +122,7 @@ void SetMode(QFileDialog& dialog, const FileQuestion& question) {
     if (question.forWriting) {
         dialog.setAcceptMode(QFileDialog::AcceptSave);
         dialog.setFileMode(QFileDialog::AnyFile);
+        dialog.setOption(QFileDialog::DontConfirmOverwrite, question.asksItself);
     } else {
         dialog.setFileMode(question.several ? QFileDialog::ExistingFiles
                                             : QFileDialog::ExistingFile);

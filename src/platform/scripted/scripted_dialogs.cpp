@@ -28,6 +28,7 @@ std::vector<Answer> AnswersOf(BoxButtons buttons) {
 
 Answer ScriptedDialogs::MessageBox(const std::string& text, BoxButtons buttons, BoxSign) {
     boxes.push_back(text);
+    if (OnBox) OnBox();
     const std::vector<Answer> possible = AnswersOf(buttons);
     const bool answered = !answers.empty() && std::find(possible.begin(), possible.end(),
                                                         answers.front()) != possible.end();

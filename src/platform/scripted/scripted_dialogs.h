@@ -3,6 +3,7 @@
 #pragma once
 
 #include <deque>
+#include <functional>
 #include <optional>
 #include <string>
 #include <utility>
@@ -41,6 +42,8 @@ public:
     const std::deque<std::string>& Boxes() const { return boxes; }
     // Beeps since the last call.
     int TakeBeeps();
+    // Happens while a box stands open, before it is answered.
+    std::function<void()> OnBox;
 
 private:
     std::deque<Answer> answers;

@@ -71,6 +71,7 @@ std::string ScriptedLine::Input() { return std::exchange(waiting, ""); }
 
 void ScriptedLine::Output(std::string_view text) {
     if (!portOpen) throw RuntimeError(8018);
+    if (const int error = std::exchange(outputError, 0)) throw RuntimeError(error);
     transcript += text;
     if (transcript.size() > LongestTrigger) {
         transcript.erase(0, transcript.size() - LongestTrigger);

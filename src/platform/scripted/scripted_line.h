@@ -47,6 +47,8 @@ public:
     // The next opening, or the next assignment to Settings or CommPort, raises this error.
     void FailNextOpening(int error) { openingError = error; }
     void FailNextSettings(int error) { settingsError = error; }
+    // The next output raises this error, as behind a device that has vanished.
+    void FailNextOutput(int error) { outputError = error; }
     // What was sent since the last call.
     std::string TakeSent();
     // Sent and not yet taken.
@@ -74,6 +76,7 @@ private:
     std::vector<Reply> replies;
     int openingError = 0;   // 0: none
     int settingsError = 0;  // 0: none
+    int outputError = 0;    // 0: none
 };
 
 }  // namespace cumeron
