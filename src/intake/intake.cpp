@@ -9,6 +9,7 @@
 #include "intake/decode.h"
 #include "intake/interval.h"
 #include "intake/port.h"
+#include "intake/status_enquiry.h"
 #include "logging/log_file.h"
 #include "logging/rotation.h"
 #include "platform/runtime/dates.h"
@@ -110,6 +111,7 @@ void NoteStatusChange(Workstation& w, std::string_view frame) {
     if (status == w.intake.PreviousStatus) return;
     w.intake.PreviousStatus = status;
     if (w.frmMain.mnuLogOn.Checked) WriteStatusNote(w);
+    EnquireStatus(w);
 }
 
 void SendDownTheRoad(Workstation& w, std::string_view frame) {

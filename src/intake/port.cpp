@@ -1,32 +1,13 @@
 #include "intake/port.h"
 
-#include <cmath>
-
-#include "platform/runtime/dates.h"
+#include "intake/status_enquiry.h"
 #include "platform/runtime/errors.h"
 #include "platform/runtime/text.h"
 #include "shell/indicators.h"
-#include "shell/message_windows.h"
 #include "workstation.h"
 
 namespace cumeron {
 namespace {
-
-double SecondsSinceMidnight(Workstation& w) {
-    constexpr double milliseconds = 86400000;
-    return std::round(TimeOf(w.platform.clock.Now()) * milliseconds) / 1000;
-}
-
-// Lets other events run for a second, counted from the whole second of the start. Midnight, or a
-// clock that is set back, ends it early.
-void WaitOneSecond(Workstation& w) {
-    const double start = std::floor(SecondsSinceMidnight(w));
-    double passed = 0;
-    do {
-        w.platform.events.WaitEvents();
-        passed = SecondsSinceMidnight(w) - start;
-    } while (passed < 1 && passed >= -10);
-}
 
 void PressPortButtons(Workstation& w, bool open) {
     w.frmMain.Toolbar1.OpenPort.Value = open ? 1 : 0;
@@ -36,22 +17,6 @@ void PressPortButtons(Workstation& w, bool open) {
 void CheckPortEntries(Workstation& w, bool open) {
     w.frmMain.mnuOpenPort.Checked = open;
     w.frmMain.mnuClosePort.Checked = !open;
-}
-
-void OpenPort(Workstation& w) {
-    w.intake.IntervalSeekState = 0;
-    w.comCTLine().SetPortOpen(true);
-    CheckPortEntries(w, true);
-    const std::string& text = w.settings.Modem_Initialization_String;
-    if (w.settings.Modem_used != 0 && !text.empty()) {
-        SendModemInit(w, text);
-        SetErrorsPanel(w, "Dialling", Black);
-    } else {
-        SetErrorsPanel(w, "NO MESSAGE", Red);
-    }
-    PressPortButtons(w, true);
-    // The watch over silence starts from here.
-    w.graphs.MessageTime = w.platform.clock.Now();
 }
 
 void DropModemAnswer(Workstation& w) {
@@ -93,13 +58,42 @@ void TellLineFault(Workstation& w) {
 
 }  // namespace
 
+void OpenPort(Workstation& w, PortNews news) {
+    w.intake.IntervalSeekState = 0;
+    w.comCTLine().SetPortOpen(true);
+    CheckPortEntries(w, true);
+    const std::string& text = w.settings.Modem_Initialization_String;
+    const bool dials = w.settings.Modem_used != 0 && !text.empty();
+    if (dials) SendModemInit(w, text);
+    if (news == PortNews::Shown) {
+        SetErrorsPanel(w, dials ? "Dialling" : "NO MESSAGE", dials ? Black : Red);
+    }
+    PressPortButtons(w, true);
+    // The watch over silence starts from here.
+    w.graphs.MessageTime = w.platform.clock.Now();
+}
+
+void ClosePort(Workstation& w, PortNews news) {
+    HangUpModem(w);
+    w.comCTLine().SetPortOpen(false);
+    ShowPortState(w);
+    if (news == PortNews::Shown) SetErrorsPanel(w, "OFF-line", Red);
+    SetStatusPanel(w, "", Black);
+}
+
+void ShowPortState(Workstation& w) {
+    const bool open = w.comCTLine().PortOpen();
+    CheckPortEntries(w, open);
+    PressPortButtons(w, open);
+}
+
 void mnuOpenPort_Click(Workstation& w) {
     if (w.comCTLine().PortOpen()) {
         w.frmMain.Toolbar1.OpenPort.Value = 1;
         return;
     }
     try {
-        OpenPort(w);
+        OpenPort(w, PortNews::Shown);
     } catch (const RuntimeError& error) {
         ReportError(w, error);
         w.frmMain.Toolbar1.OpenPort.Value = 0;
@@ -111,12 +105,7 @@ void mnuClosePort_Click(Workstation& w) {
         w.frmMain.Toolbar1.ClosePort.Value = 1;
         return;
     }
-    HangUpModem(w);
-    w.comCTLine().SetPortOpen(false);
-    CheckPortEntries(w, false);
-    PressPortButtons(w, false);
-    SetErrorsPanel(w, "OFF-line", Red);
-    SetStatusPanel(w, "", Black);
+    ClosePort(w, PortNews::Shown);
 }
 
 void SendModemInit(Workstation& w, const std::string& text) {
@@ -148,27 +137,6 @@ void comCTLine_OnComm(Workstation& w) {
     ResumeNext([&] { TellLineFault(w); });
     w.comCTLine().RThreshold = 1;
     w.intake.onCommBusy = false;
-}
-
-void WaitInputQuiet(Workstation& w) {
-    int before = 0;
-    int count = 0;
-    do {
-        before = count;
-        count = w.comCTLine().InBufferCount();
-        WaitOneSecond(w);
-    } while (count != before);
-}
-
-void RecoverFromError(Workstation& w) {
-    SetActionPanel(w, "Recovery from error");
-    ResumeNext([&] { WaitInputQuiet(w); });
-    std::string dumped;
-    ResumeNext([&] {
-        if (w.comCTLine().PortOpen()) dumped = w.comCTLine().Input();
-    });
-    AddToMessageWindow(w, "The following message dumped:\r\n" + dumped);
-    SetActionPanel(w, "");
 }
 
 }  // namespace cumeron

@@ -206,4 +206,8 @@ void WriteStatusNote(Workstation& w) {
                                       "\r\n" + AlarmWarningText(w) + "\r\n");
 }
 
+void WriteStatusReply(Workstation& w, std::string_view reply) {
+    w.platform.files.AppendSafely(w.logging.StatusLogFile, std::string(reply) + "\r\n");
+}
+
 }  // namespace cumeron

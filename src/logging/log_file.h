@@ -54,5 +54,7 @@ void WriteClosedLine(Workstation& w);
 // One note in the status log: the time, the text of the panel, the alarms and warnings. Raises as
 // Files::Append, 75 when the log was opened without a status log.
 void WriteStatusNote(Workstation& w);
+// What the instrument answered to an enquiry, behind the notes. Raises as WriteStatusNote.
+void WriteStatusReply(Workstation& w, std::string_view reply);
 
 }  // namespace cumeron

@@ -77,9 +77,9 @@ void SetActionPanel(Workstation& w, std::string_view text) {
     w.frmMain.sbaStatus.Action.Text = text;
 }
 
-void SetBusyPointer(Workstation& w) { w.frmMain.MousePointer = 11; }
+void SetBusyPointer(Workstation& w) { w.frmMain.MousePointer = BusyPointer; }
 
-void SetDefaultPointer(Workstation& w) { w.frmMain.MousePointer = 0; }
+void SetDefaultPointer(Workstation& w) { w.frmMain.MousePointer = DefaultPointer; }
 
 void ShowMessageTime(Workstation& w, double when) {
     Label& lblDateTime = w.frmMain.lblDateTime;

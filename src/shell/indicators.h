@@ -21,6 +21,7 @@ void SetStatusPanel(Workstation& w, std::string_view text, int colour);
 void SetBatteryPanel(Workstation& w, std::string_view text, int colour);
 void SetLogPanel(Workstation& w, std::string_view text);
 void SetActionPanel(Workstation& w, std::string_view text);
+inline constexpr int BusyPointer = 11, DefaultPointer = 0;  // Form::MousePointer
 // The hourglass and the arrow of frmMain.
 void SetBusyPointer(Workstation& w);
 void SetDefaultPointer(Workstation& w);

@@ -2,11 +2,11 @@
 
 #include <algorithm>
 
+#include "intake/status_enquiry.h"
 #include "logging/log_file.h"
 #include "logging/playback.h"
 #include "readings/status_words.h"
 #include "shell/indicators.h"
-#include "shell/main_window.h"
 #include "workstation.h"
 
 namespace cumeron {
@@ -83,14 +83,25 @@ void cmdViewStatuswnd_Click(Workstation& w) {
     ++w.frmSmsg.BroughtToFront;
 }
 
+// True, and a box says so, while an enquiry runs.
+bool RefusesDuringEnquiry(Workstation& w) {
+    if (w.intake.EnquiryBusy == 0) return false;
+    w.platform.dialogs.MessageBox("Status Message Handling in Progress, Please Wait!",
+                                  BoxButtons::Ok);
+    return true;
+}
+
 void Fstatusbutton_Click(Workstation& w) {
     w.platform.events.DoEvents();
+    // A changed status word may have started one while this window was open; two at a time would
+    // take the replies from each other.
+    if (RefusesDuringEnquiry(w)) return;
     if (RefusesRv10x(w, "KN30, KN50, RV70X and RV20X")) return;
     UnloadForm(w, w.frmStatus);
     if (w.frmMain.mnuLogOn.Checked && w.settings.Status_Log == 1) {
         ReportAndGoOn(w, [&] { WriteStatusNote(w); });
     }
-    NotYet("The status enquiry")(w);
+    EnquireStatus(w);
 }
 
 void frmSmsg_ShowTitle(Workstation& w) {
@@ -100,12 +111,7 @@ void frmSmsg_ShowTitle(Workstation& w) {
 void frmSmsg_Resize(Workstation& w) { Fill(w.frmSmsg, w.frmSmsg.stsMessage); }
 
 // The enquiry writes its answer into the window.
-bool frmSmsg_QueryUnload(Workstation& w) {
-    if (w.intake.EnquiryBusy == 0) return false;
-    w.platform.dialogs.MessageBox("Status Message Handling in Progress, Please Wait!",
-                                  BoxButtons::Ok);
-    return true;
-}
+bool frmSmsg_QueryUnload(Workstation& w) { return RefusesDuringEnquiry(w); }
 
 }  // namespace
 

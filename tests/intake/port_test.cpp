@@ -193,50 +193,6 @@ TEST(SendModemInit, SendsNothingWithTheCarrierUp) {
     EXPECT_TRUE(line.RTSEnable());
 }
 
-TEST(WaitInputQuiet, ReturnsWhenTheCountStandsStill) {
-    const struct {
-        const char* what;
-        std::vector<double> arrivals;  // seconds
-        int waiting;
-        Micros taken;
-    } cases[] = {{"an empty line", {}, 0, 1},
-                 {"what waits is not read", {}, 3, 2},
-                 {"what comes in the first second", {0.5}, 0, 1},
-                 {"it goes on", {0.5, 1.5, 2.5}, 1, 5}};
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.what);
-        Station station(30);
-        auto& line = station.machine.line;
-        line.SetPortOpen(true);
-        line.Arrive(std::string(static_cast<std::size_t>(c.waiting), 'a'));
-        for (const double at : c.arrivals) {
-            station.machine.time.At(static_cast<Micros>(at * MicrosPerSecond),
-                                    [&] { line.Arrive("b"); });
-        }
-        WaitInputQuiet(station.w);
-        EXPECT_EQ(station.machine.time.Elapsed(), c.taken * MicrosPerSecond);
-    }
-}
-
-TEST(WaitInputQuiet, CountsFromTheWholeSecondOfTheStart) {
-    Station station(30);
-    station.machine.time.SetNow(DateSerial(2026, 5, 1) + 0.75 / 86400);
-    WaitInputQuiet(station.w);
-    EXPECT_EQ(station.machine.time.Elapsed(), MicrosPerSecond / 4);
-}
-
-TEST(WaitInputQuiet, EndsAtMidnightAndWhenTheClockIsSetBack) {
-    Station station(30);
-    station.machine.time.SetNow(DateSerial(2026, 5, 1) + TimeSerial(23, 59, 59) + 0.5 / 86400);
-    WaitInputQuiet(station.w);
-    EXPECT_EQ(station.machine.time.Elapsed(), MicrosPerSecond / 2);
-    const double noon = DateSerial(2026, 5, 1) + 0.5;
-    station.machine.time.SetNow(noon);
-    station.machine.time.At(200000, [&] { station.machine.time.SetNow(noon - 60 / 86400.0); });
-    WaitInputQuiet(station.w);
-    EXPECT_EQ(station.machine.time.Elapsed(), MicrosPerSecond / 2 + 200000);
-}
-
 TEST(OnComm, DrainsTheLineAfterAFault) {
     const struct {
         int event;
@@ -290,12 +246,6 @@ TEST(OnComm, KeepsANestedEventOut) {
     station.machine.Enter([&] { line.RaiseFault(CommEventOverrun); });
     EXPECT_EQ(station.Errors(), "Overrun");
     EXPECT_EQ(station.w().intake.FrameErrorCount, 0);
-}
-
-TEST(RecoverFromError, TellsThatNothingCameFromAClosedLine) {
-    Closed station;
-    station.machine.Enter([&] { RecoverFromError(station.w()); });
-    EXPECT_EQ(station.MessageWindow(), "The following message dumped:\r\n");
 }
 
 }  // namespace

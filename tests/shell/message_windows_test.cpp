@@ -246,7 +246,16 @@ TEST_F(StatusWindows, TheEnquiryClosesTheStatusAfterPendingEvents) {
     form.Fstatusbutton.Click(w);
     EXPECT_TRUE(served);
     EXPECT_FALSE(form.Loaded);
-    EXPECT_EQ(Box(), "The status enquiry is not part of this version yet.");
+    EXPECT_TRUE(Box().starts_with("THE COMMUNICATION PORT IS CLOSED.")) << "it has begun";
+}
+
+TEST_F(StatusWindows, OneEnquiryRunsAtATime) {
+    mnuShowStatus_Click(w);
+    w.intake.EnquiryBusy = 1;
+    form.Fstatusbutton.Click(w);
+    EXPECT_EQ(Box(), "Status Message Handling in Progress, Please Wait!");
+    EXPECT_EQ(Box(), "no box");
+    EXPECT_TRUE(form.Visible);
 }
 
 TEST_F(StatusWindows, TheFullMessageNamesTheTitleAndFillsItsWindow) {

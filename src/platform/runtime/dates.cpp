@@ -179,6 +179,10 @@ std::string Format(double when, std::string_view format) {
     return result;
 }
 
+std::string DateAndTime(double when) {
+    return Format(when, "Short Date") + " " + Format(when, "ttttt");
+}
+
 void SetLocaleFormats(std::string shortDate, std::string longTime) {
     Locale() = {std::move(shortDate), std::move(longTime)};
 }

@@ -27,6 +27,8 @@ std::int32_t DateDiffSeconds(double first, double second);
 // "dd.mm.yyyy", "yyyy-mm-dd", "yyyy-mm-dd hh:nn:ss", "Short Date", "ttttt", and each of "yyyy",
 // "yy", "mm", "dd", "hh", "nn", "ss" alone; raises 5 for another.
 std::string Format(double when, std::string_view format);
+// "Short Date", a blank and "ttttt": how files and windows name a moment.
+std::string DateAndTime(double when);
 // "Short Date" and "ttttt" are the locale's; the host sets them at its start (with the letters of
 // the formats above, also one letter alone). At the beginning "dd.mm.yyyy" and "hh:nn:ss".
 void SetLocaleFormats(std::string shortDate, std::string longTime);
