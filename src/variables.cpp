@@ -48,6 +48,7 @@ VariableList ListVariables() {
     ListLoggingVariables(list);
     ListOfflineVariables(list);
     ListShellVariables(list);
+    ListTerminalVariables(list);
     return list;
 }
 

@@ -69,6 +69,7 @@ void ListGraphVariables(VariableList& list);
 void ListLoggingVariables(VariableList& list);
 void ListOfflineVariables(VariableList& list);
 void ListShellVariables(VariableList& list);
+void ListTerminalVariables(VariableList& list);
 
 // Raises 6 for a number that does not fit.
 template <class T>

@@ -25,6 +25,7 @@
 #include "shell/sky_window.h"
 #include "shell/start_options.h"
 #include "shell/startup.h"
+#include "terminal/terminal.h"
 
 namespace cumeron {
 
@@ -42,6 +43,7 @@ struct Workstation {
     LogState logging;
     OfflineState offline;
     ShellState shell;
+    TerminalState terminal;
 
     FrmMain frmMain;
     FrmDebug frmDebug;
@@ -56,13 +58,14 @@ struct Workstation {
     FrmClouds frmClouds;
     FrmSetLog frmSetLog;
     FrmSkyCondSettings frmSkyCondSettings;
+    FrmTerminal frmTerminal;
 
     SerialLine& comCTLine() { return platform.line; }
     // Every form, frmMain first.
     std::vector<Form*> Forms() {
-        return {&frmMain,   &frmDebug,  &frmStatus,         &frmSmsg,  &frmSkyCond,
-                &frmStart,  &frmAbout,  &ConfigScrn,        &frmCType, &frmBackScatter,
-                &frmClouds, &frmSetLog, &frmSkyCondSettings};
+        return {&frmMain,   &frmDebug,  &frmStatus,          &frmSmsg,  &frmSkyCond,
+                &frmStart,  &frmAbout,  &ConfigScrn,         &frmCType, &frmBackScatter,
+                &frmClouds, &frmSetLog, &frmSkyCondSettings, &frmTerminal};
     }
 };
 

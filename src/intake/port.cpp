@@ -4,6 +4,7 @@
 #include "platform/runtime/errors.h"
 #include "platform/runtime/text.h"
 #include "shell/indicators.h"
+#include "terminal/terminal.h"
 #include "workstation.h"
 
 namespace cumeron {
@@ -133,8 +134,9 @@ void comCTLine_OnComm(Workstation& w) {
     if (w.intake.onCommBusy) return;
     w.intake.onCommBusy = true;
     SetLineForReception(w.comCTLine());
-    // Whatever fails in it, the next event is heard.
-    ResumeNext([&] { TellLineFault(w); });
+    // Whatever fails in it, the next event is heard. The terminal has the line for itself.
+    const auto handle = w.terminal.TerminalOpen != 0 ? DataArrived : TellLineFault;
+    ResumeNext([&] { handle(w); });
     w.comCTLine().RThreshold = 1;
     w.intake.onCommBusy = false;
 }

@@ -124,17 +124,21 @@ std::int16_t RecordsThatFit(const Workstation& w) {
 // Whatever a repaint brings about, messages are taken again afterwards.
 class StoppedClock {
 public:
-    explicit StoppedClock(FrmMain& stopped) : form(stopped) { form.tmrClock.SetEnabled(false); }
+    explicit StoppedClock(Workstation& stopped) : w(stopped) {
+        w.frmMain.tmrClock.SetEnabled(false);
+    }
     ~StoppedClock() {
+        FrmMain& form = w.frmMain;
         form.ResizeTimer.SetEnabled(false);
-        // With an off-line file open the clock stays off.
-        if (!form.Toolbar1.CloseFile.Enabled) form.tmrClock.SetEnabled(true);
+        // With an off-line file or the terminal open the clock stays off.
+        const bool stays = form.Toolbar1.CloseFile.Enabled || w.terminal.TerminalOpen != 0;
+        if (!stays) form.tmrClock.SetEnabled(true);
     }
     StoppedClock(const StoppedClock&) = delete;
     StoppedClock& operator=(const StoppedClock&) = delete;
 
 private:
-    FrmMain& form;
+    Workstation& w;
 };
 
 // The sizer was dropped: its place is the share of the cloud graph.
@@ -227,7 +231,7 @@ void ResizeTimer_Tick(Workstation& w) {
         graphs.resizeSeenHeight = form.picCombination.Height;
         return;
     }
-    const StoppedClock noMessageMeanwhile(form);
+    const StoppedClock noMessageMeanwhile(w);
     do {
         graphs.HistoryRedrawCount = RecordsThatFit(w);
         ClearGraph(w);

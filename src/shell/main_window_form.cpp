@@ -11,6 +11,7 @@
 #include "shell/indicators.h"
 #include "shell/main_window.h"
 #include "shell/sky_frame.h"
+#include "terminal/terminal.h"
 #include "workstation.h"
 
 namespace cumeron {
@@ -114,8 +115,8 @@ constexpr MenuRow MenuRows[] = {
     {&FrmMain::mnuShowStatus, "mnuShowStatus", "mnuShow", "&Status", mnuShowStatus_Click},
 
     {&FrmMain::mnuTerminal, "mnuTerminal", "", "&Terminal", nullptr},
-    {&FrmMain::mnuOpenTerminal, "mnuOpenTerminal", "mnuTerminal", "&Open...", nullptr,
-     "The terminal"},
+    {&FrmMain::mnuOpenTerminal, "mnuOpenTerminal", "mnuTerminal", "&Open...",
+     mnuOpenTerminal_Click},
 
     {&FrmMain::mnuHelp, "mnuHelp", "", "&Help", nullptr},
     {&FrmMain::mnuContents, "mnuContents", "mnuHelp", "&Contents", mnuContents_Click},

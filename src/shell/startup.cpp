@@ -194,6 +194,8 @@ void Form_Unload(Workstation& w) {
         if (w.frmMain.mnuLogOn.Checked) WriteClosedLine(w);
     });
     ReportAndGoOn(w, [&] { UnloadForm(w, w.frmDebug); });
+    // Its log gets its closing line, also when the session of the desktop ends.
+    ReportAndGoOn(w, [&] { UnloadForm(w, w.frmTerminal); });
     throw ProcessEnd{0};
 }
 

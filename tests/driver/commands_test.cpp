@@ -271,6 +271,10 @@ TEST(Operator, WritesIntoTextBoxes) {
          "start\nclick mnuShowMessage\nset frmDebug.txtMessage ab\n"
          "paste frmDebug.txtMessage cd\nexpect frmDebug.txtMessage abcd\n",
          1},
+        {"a paste that the program keeps from the box",
+         "start\nclick mnuOpenPort\nclick mnuOpenTerminal\npaste frmTerminal.txtTerm ab\n"
+         "advance 1\nsent ab\nexpect frmTerminal.txtTerm \"\"\n",
+         2},
     });
     EXPECT_EQ(Printed("set lblCT x\n"), "s.scn:2: set: lblCT is no input\n");
     EXPECT_EQ(Printed("paste frmDebug.txtMessage x\n"),

@@ -135,7 +135,6 @@ TEST(MainWindow, ResetPutsEverythingBack) {
 TEST(MainWindow, WhatIsNotThereYetSaysSo) {
     Program program;
     const std::pair<Control*, const char*> cases[] = {
-        {&program.Form().mnuOpenTerminal, "The terminal is not part of this version yet."},
         {&program.Form().mnuPrintGraph, "Printing the graph is not part of this version yet."},
         {&program.Form().mnuCopyPicture, "Copying the graph is not part of this version yet."},
     };

@@ -19,9 +19,13 @@ constexpr int FrameInterval = 16;  // ms
 constexpr int MostRounds = 8;      // of bringing in line what windows answer to being placed
 
 BarHeights HeightsOf(Form& form) {
-    auto* main = dynamic_cast<FrmMain*>(&form);
-    if (main == nullptr) return {};
-    return {[main] { return main->toolbarHeight; }, [main] { return main->sbaStatus.Height; }};
+    if (auto* main = dynamic_cast<FrmMain*>(&form)) {
+        return {[main] { return main->toolbarHeight; }, [main] { return main->sbaStatus.Height; }};
+    }
+    auto* terminal = dynamic_cast<FrmTerminal*>(&form);
+    if (terminal == nullptr) return {};
+    return {[&bar = terminal->tbrToolBar] { return bar.Visible ? bar.Height : 0; },
+            [&bar = terminal->sbrStatus] { return bar.Visible ? bar.Height : 0; }};
 }
 
 }  // namespace
