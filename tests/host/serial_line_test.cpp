@@ -118,6 +118,37 @@ TEST_F(SerialLineTest, TakesEveryByteAsItCame) {
     EXPECT_EQ(line.InBufferCount(), 0);
 }
 
+TEST_F(SerialLineTest, BytesThatComeWithinTheEventAreThere) {
+    const PseudoTerminal instrument(device);
+    line.SetPortOpen(true);
+    bool seen = false;
+    line.OnComm = [&] {
+        instrument.Send("b");
+        seen = WaitUntil([&] { return line.InBufferCount() == 2; });
+    };
+    instrument.Send("a");
+    EXPECT_TRUE(WaitUntil([&] { return seen; }));
+    EXPECT_EQ(line.Input(), "ab");
+}
+
+TEST_F(SerialLineTest, ThePortMayCloseWithinTheEvent) {
+    const PseudoTerminal instrument(device);
+    line.SetPortOpen(true);
+    bool seen = false;
+    line.OnComm = [&] {
+        line.SetPortOpen(false);
+        Settle();
+        seen = true;
+    };
+    instrument.Send("a");
+    EXPECT_TRUE(WaitUntil([&] { return seen; }));
+    EXPECT_FALSE(line.PortOpen());
+    line.OnComm = nullptr;
+    line.SetPortOpen(true);
+    instrument.Send("b");
+    EXPECT_TRUE(WaitUntil([&] { return line.InBufferCount() == 1; }));
+}
+
 TEST_F(SerialLineTest, ReceptionRaisesOnCommFromTheThresholdOn) {
     const PseudoTerminal instrument(device);
     line.SetPortOpen(true);

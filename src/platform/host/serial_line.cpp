@@ -138,8 +138,10 @@ int HostSerialLine::Connect() {
         Disconnect();
         return code;
     }
-    QObject::connect(port.get(), &QSerialPort::readyRead, &watch, [this] { Receive(); });
-    // Queued, since the port cannot go while it reports.
+    // Both queued, since the port cannot go while it reports: whoever hears of received bytes may
+    // let other events run, in which the port is closed or the device vanishes.
+    QObject::connect(
+        port.get(), &QSerialPort::readyRead, &watch, [this] { Receive(); }, Qt::QueuedConnection);
     QObject::connect(
         port.get(), &QSerialPort::errorOccurred, &watch,
         [this, failing = port.get()](QSerialPort::SerialPortError error) {
@@ -168,6 +170,7 @@ void HostSerialLine::Configure() {
 }
 
 void HostSerialLine::Receive() {
+    if (!port) return;
     const QByteArray bytes = port->readAll();
     received.append(bytes.constData(), static_cast<std::size_t>(bytes.size()));
     if (received.size() > ReceiveLimit) received.resize(ReceiveLimit);
