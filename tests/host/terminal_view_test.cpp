@@ -77,7 +77,7 @@ TEST_F(TerminalViewTest, EveryKeyWithACodeIsAskedAbout) {
     TypeInto(Box(), Qt::Key_Escape, "\x1B");
     TypeInto(Box(), Qt::Key_Backspace, "\b");
     TypeInto(Box(), Qt::Key_Delete, "\x7F");
-    QTest::keyClick(Box(), Qt::Key_X, Qt::ControlModifier);  // text of the test: 0x18
+    TypeInto(Box(), Qt::Key_X, "\x18");  // with Ctrl
     TypeInto(Box(), Qt::Key_Left, "");
     EXPECT_EQ(keys, "a\r\x1B\b\x7F\x18");
     EXPECT_EQ(Box()->toPlainText(), "text");

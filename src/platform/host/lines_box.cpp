@@ -53,8 +53,17 @@ void ShowLines(const std::string& text, QPlainTextEdit& edit) {
     QTextCursor cursor(edit.document());
     cursor.setPosition(static_cast<int>(difference.before));
     cursor.setPosition(static_cast<int>(now.size() - difference.behind), QTextCursor::KeepAnchor);
+    const QTextCursor selected = edit.textCursor();
+    const int anchor = selected.anchor();
+    const int end = selected.position();
     cursor.insertText(
         wanted.mid(difference.before, wanted.size() - difference.before - difference.behind));
+    // What is added right behind a selection does not become a part of it.
+    if (anchor == end || std::max(anchor, end) != difference.before) return;
+    QTextCursor restored = edit.textCursor();
+    restored.setPosition(anchor);
+    restored.setPosition(end, QTextCursor::KeepAnchor);
+    edit.setTextCursor(restored);
 }
 
 std::string TakeLines(const QPlainTextEdit& edit, const std::string& before) {
