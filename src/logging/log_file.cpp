@@ -115,10 +115,6 @@ void BeginLog(Workstation& w, double now) {
 
 }  // namespace
 
-std::string DateAndTime(double when) {
-    return Format(when, "Short Date") + " " + Format(when, "ttttt");
-}
-
 std::string LogName(double now, std::string_view fileChar) {
     return std::string(fileChar) + Format(now, "yy").back() + Format(now, "mm") +
            Format(now, "dd") + Format(now, "hh") + ".DAT";

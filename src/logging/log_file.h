@@ -24,8 +24,6 @@ struct LogState {
     std::int16_t ReportLogErrors = 0;  // 1; 0 while a rotation is under way, which shows no box
 };
 
-// Pure. Date, one blank and time in the forms of the locale.
-std::string DateAndTime(double when);
 // Pure. The name of a log that is opened now: the letter, the last digit of the year, month, day
 // and hour, "A6111514.DAT".
 std::string LogName(double now, std::string_view fileChar);
