@@ -27,6 +27,14 @@ public:
     virtual void Seek(std::int64_t position) = 0;  // 0 is the first byte; may lie behind the end
 };
 
+// A file that is open for appending, shared with those who read it. It closes when it goes.
+class OutputFile {
+public:
+    virtual ~OutputFile() = default;
+    // Behind all that is there. Raises 61 when the disk fills (what fitted is in the file), 57.
+    virtual void Write(std::string_view text) = 0;
+};
+
 class Files {
 public:
     virtual ~Files() = default;
@@ -45,6 +53,11 @@ public:
     virtual void AppendSafely(const std::string& name, std::string_view text) = 0;
     // Raises 53 when there is none, 70 or 75 when it cannot be read, 76 without its folder.
     virtual std::unique_ptr<InputFile> OpenForReading(const std::string& name) = 0;
+    // Makes the file if missing. Raises 67 when no more files can be open; 70, 75 or 76 when this
+    // one cannot.
+    virtual std::unique_ptr<OutputFile> OpenForAppending(const std::string& name) = 0;
+    // Both names lead to one file that is there.
+    virtual bool IsSame(const std::string& name, const std::string& other) = 0;
     // Raises 53 when there is none, 70 or 75 when it cannot be removed.
     virtual void Delete(const std::string& name) = 0;
     // Without a separator at its end, but for a root.

@@ -161,6 +161,17 @@ private:
     Descriptor file;
 };
 
+class HostOutput : public OutputFile {
+public:
+    explicit HostOutput(const std::string& path) : file(path, O_WRONLY | O_CREAT | O_APPEND) {
+        if (file.Number() < 0) FailToAppend(path, errno);
+    }
+    void Write(std::string_view text) override { WriteAll(file.Number(), text); }
+
+private:
+    Descriptor file;
+};
+
 // Places of the system's own, in which nobody keeps files.
 bool IsOfTheSystem(const QString& place) {
     for (const char* folder : {"/proc", "/sys", "/dev", "/run", "/snap", "/boot"}) {
@@ -191,6 +202,9 @@ int FileErrorNumber(int systemCode) {
         case EDQUOT:
         case EFBIG:
             return 61;
+        case EMFILE:
+        case ENFILE:
+            return 67;
         case EACCES:
         case EPERM:
         case EROFS:
@@ -247,6 +261,15 @@ void HostFiles::AppendSafely(const std::string& name, std::string_view text) {
 
 std::unique_ptr<InputFile> HostFiles::OpenForReading(const std::string& name) {
     return std::make_unique<HostInput>(ToFileName(name));
+}
+
+std::unique_ptr<OutputFile> HostFiles::OpenForAppending(const std::string& name) {
+    return std::make_unique<HostOutput>(ToFileName(name));
+}
+
+bool HostFiles::IsSame(const std::string& name, const std::string& other) {
+    std::error_code ignored;
+    return fs::equivalent(ToFileName(name), ToFileName(other), ignored);
 }
 
 void HostFiles::Delete(const std::string& name) {

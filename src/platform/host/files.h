@@ -5,8 +5,8 @@
 
 namespace cumeron {
 
-// The run-time error for a refusal of the system: 53 missing file, 57 device error, 61 full,
-// 70 not permitted, 76 missing folder, 75 anything else.
+// The run-time error for a refusal of the system: 53 missing file, 57 device error, 61 full, 67 too
+// many open files, 70 not permitted, 76 missing folder, 75 anything else.
 int FileErrorNumber(int systemCode);
 
 class HostFiles : public Files {
@@ -19,6 +19,8 @@ public:
     void Append(const std::string& name, std::string_view text) override;
     void AppendSafely(const std::string& name, std::string_view text) override;
     std::unique_ptr<InputFile> OpenForReading(const std::string& name) override;
+    std::unique_ptr<OutputFile> OpenForAppending(const std::string& name) override;
+    bool IsSame(const std::string& name, const std::string& other) override;
     void Delete(const std::string& name) override;
     std::string CurrentFolder() const override;
     void ChangeFolder(const std::string& name) override;

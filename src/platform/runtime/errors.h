@@ -7,8 +7,8 @@
 
 namespace cumeron {
 
-// Known numbers: 5 6 9 11 13 53 57 61 68 70 75 76 380 482 8018 32755; another number has the
-// text "Application-defined or object-defined error".
+// Known numbers: 5 6 9 11 13 53 55 57 61 67 68 70 75 76 380 482 8018 32755; another number has
+// the text "Application-defined or object-defined error".
 std::string ErrorText(int number);
 
 class RuntimeError : public std::exception {

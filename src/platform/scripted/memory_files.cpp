@@ -61,6 +61,17 @@ private:
     std::int64_t place = 0;
 };
 
+class MemoryFiles::Output : public OutputFile {
+public:
+    Output(MemoryFiles& files, std::shared_ptr<std::string> shared)
+        : disk(files), text(std::move(shared)) {}
+    void Write(std::string_view added) override { disk.Write(*text, added); }
+
+private:
+    MemoryFiles& disk;
+    std::shared_ptr<std::string> text;
+};
+
 void MemoryFiles::SetStyle(PathStyle newStyle) {
     std::vector<File> settingsFiles;
     for (auto& [key, file] : files) {
@@ -157,6 +168,14 @@ std::unique_ptr<InputFile> MemoryFiles::OpenForReading(const std::string& name) 
     return std::make_unique<Input>(FileToRead(name).text);
 }
 
+std::unique_ptr<OutputFile> MemoryFiles::OpenForAppending(const std::string& name) {
+    return std::make_unique<Output>(*this, FileToAppend(name));
+}
+
+bool MemoryFiles::IsSame(const std::string& name, const std::string& other) {
+    return Exists(name) && Key(name) == Key(other);
+}
+
 void MemoryFiles::Delete(const std::string& name) {
     if (IsFolder(Full(name))) throw RuntimeError(75);
     if (files.erase(Key(name)) == 0) throw RuntimeError(53);
@@ -197,10 +216,17 @@ std::string& MemoryFiles::TextOf(const std::string& name) {
     return *files.try_emplace(Key(name), File{Full(name)}).first->second.text;
 }
 
-void MemoryFiles::Append(const std::string& name, std::string_view text) {
+std::shared_ptr<std::string> MemoryFiles::FileToAppend(const std::string& name) {
     CheckWritable(name);
     if (!IsFolder(FolderOf(Full(name)))) throw RuntimeError(76);
-    std::string& file = TextOf(name);
+    return files.try_emplace(Key(name), File{Full(name)}).first->second.text;
+}
+
+void MemoryFiles::Append(const std::string& name, std::string_view text) {
+    Write(*FileToAppend(name), text);
+}
+
+void MemoryFiles::Write(std::string& file, std::string_view text) {
     if (text.empty()) return;
     if (std::exchange(nextWriteFails, false)) throw RuntimeError(61);
     const std::size_t fits = std::min(text.size(), room.value_or(text.size()));

@@ -30,6 +30,8 @@ public:
         Append(name, text);
     }
     std::unique_ptr<InputFile> OpenForReading(const std::string& name) override;
+    std::unique_ptr<OutputFile> OpenForAppending(const std::string& name) override;
+    bool IsSame(const std::string& name, const std::string& other) override;
     void Delete(const std::string& name) override;
     std::string CurrentFolder() const override;
     // Windows: a drive alone, "D:", goes to the folder in which that drive was left, and raises 68
@@ -64,6 +66,7 @@ private:
         std::shared_ptr<std::string> text = std::make_shared<std::string>();
     };
     class Input;
+    class Output;
 
     std::string Full(const std::string& name) const;
     std::string Key(const std::string& name) const;
@@ -75,6 +78,8 @@ private:
     void AddFolder(const std::string& full);
     void RaiseOpenError(const std::string& name);
     void CheckWritable(const std::string& name);
+    std::shared_ptr<std::string> FileToAppend(const std::string& name);
+    void Write(std::string& file, std::string_view text);
     std::string& TextOf(const std::string& name);
 
     PathStyle style = PathStyle::Windows;
