@@ -1,6 +1,5 @@
 #include "platform/host/locale_formats.h"
 
-#include <QLocale>
 #include <QRegularExpression>
 #include <algorithm>
 #include <array>
@@ -62,11 +61,23 @@ std::string LongTimeFormat(const QString& pattern) {
     return format.empty() ? "hh:nn:ss" : format;
 }
 
+std::array<std::string, 12> ShortMonthNames(const QLocale& locale) {
+    std::array<std::string, 12> names;
+    for (std::size_t month = 0; month < names.size(); ++month) {
+        const QString name =
+            locale.standaloneMonthName(static_cast<int>(month) + 1, QLocale::ShortFormat);
+        names[month] = FromUnicode(name);
+        if (ToUnicode(names[month]) != name) return ShortMonthNames(QLocale::c());
+    }
+    return names;
+}
+
 void UseLocaleFormats() {
     const QLocale locale = QLocale::system();
     // The short time has no seconds in most locales; the long one has them before its zone.
     SetLocaleFormats(ShortDateFormat(locale.dateFormat(QLocale::ShortFormat)),
                      LongTimeFormat(locale.timeFormat(QLocale::LongFormat)));
+    SetLocaleMonths(ShortMonthNames(locale));
 }
 
 }  // namespace cumeron

@@ -23,9 +23,6 @@ constexpr std::int64_t DaysPer400Years = 146097;
 constexpr double FirstDay = -693593;
 constexpr double LastDay = 2958465;
 
-constexpr const char* MonthNames[] = {"Jan", "Feb", "Mar", "Apr", "May", "Jun",
-                                      "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
-
 constexpr std::string_view FormatsInUse[] = {
     "d-mmm", "hh:nn:ss", "hh:nn", "dd.mm.yyyy", "yyyy-mm-dd", "yyyy-mm-dd hh:nn:ss", "yyyy", "yy",
     "mm",    "dd",       "hh",    "nn",         "ss",
@@ -34,6 +31,8 @@ constexpr std::string_view FormatsInUse[] = {
 struct LocaleFormats {
     std::string shortDate = "dd.mm.yyyy";
     std::string longTime = "hh:nn:ss";
+    std::array<std::string, 12> months = {"Jan", "Feb", "Mar", "Apr", "May", "Jun",
+                                          "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
 };
 
 // The locale belongs to the process, not to a workstation: it is set once, by the host's start.
@@ -93,7 +92,7 @@ constexpr Token Tokens[] = {
 
 std::string ValueOf(const Token& token, const DateParts& parts) {
     const int value = parts.*token.part;
-    if (token.modulus == 0) return MonthNames[value - 1];
+    if (token.modulus == 0) return Locale().months.at(static_cast<std::size_t>(value - 1));
     return PadLeft(std::to_string(value % token.modulus), token.width, '0');
 }
 
@@ -184,8 +183,11 @@ std::string DateAndTime(double when) {
 }
 
 void SetLocaleFormats(std::string shortDate, std::string longTime) {
-    Locale() = {std::move(shortDate), std::move(longTime)};
+    Locale().shortDate = std::move(shortDate);
+    Locale().longTime = std::move(longTime);
 }
+
+void SetLocaleMonths(std::array<std::string, 12> names) { Locale().months = std::move(names); }
 
 double TimeValue(std::string_view text) {
     const std::string trimmed = Trim(text);

@@ -2,6 +2,7 @@
 // 1899-12-30.
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -23,7 +24,7 @@ double DateOf(double when);
 double TimeOf(double when);
 // Crossings of the clock second from first to second; negative backwards.
 std::int32_t DateDiffSeconds(double first, double second);
-// Formats in use: "d-mmm" (English month names of three letters), "hh:nn:ss", "hh:nn",
+// Formats in use: "d-mmm" (the short name of the month), "hh:nn:ss", "hh:nn",
 // "dd.mm.yyyy", "yyyy-mm-dd", "yyyy-mm-dd hh:nn:ss", "Short Date", "ttttt", and each of "yyyy",
 // "yy", "mm", "dd", "hh", "nn", "ss" alone; raises 5 for another.
 std::string Format(double when, std::string_view format);
@@ -32,6 +33,9 @@ std::string DateAndTime(double when);
 // "Short Date" and "ttttt" are the locale's; the host sets them at its start (with the letters of
 // the formats above, also one letter alone). At the beginning "dd.mm.yyyy" and "hh:nn:ss".
 void SetLocaleFormats(std::string shortDate, std::string longTime);
+// The short names of the months, January first. At the beginning the first three letters of the
+// English ones.
+void SetLocaleMonths(std::array<std::string, 12> names);
 // A time of day as a person writes it, "6:0", "06:15", "06:15:30", to a fraction of a day;
 // raises 13 otherwise.
 double TimeValue(std::string_view text);
