@@ -9,6 +9,7 @@
 #include "graphs/graph_history.h"
 #include "intake/intake.h"
 #include "intake/models.h"
+#include "logging/export.h"
 #include "logging/log_file.h"
 #include "logging/log_settings.h"
 #include "logging/playback.h"
@@ -42,6 +43,7 @@ struct Workstation {
     GraphState graphs;
     LogState logging;
     OfflineState offline;
+    ExportState exporting;
     ShellState shell;
     TerminalState terminal;
 

@@ -1,4 +1,4 @@
-// The names of the replay's variables.
+// The names of the variables of the replay and of its export.
 #include "variables.h"
 #include "workstation.h"
 
@@ -21,6 +21,10 @@ void ListOfflineVariables(VariableList& list) {
         "OfflineRecordPos", [](Workstation & w) -> auto& { return w.offline.OfflineRecordPos; });
     list.Add(
         "PlayStopRequested", [](Workstation & w) -> auto& { return w.offline.PlayStopRequested; });
+    list.Add(
+        "ExportFileNo", [](Workstation & w) -> auto& { return w.exporting.ExportFileNo; });
+    list.Add(
+        "ExportHeaderDue", [](Workstation & w) -> auto& { return w.exporting.ExportHeaderDue; });
 }
 
 }  // namespace cumeron

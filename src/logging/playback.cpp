@@ -8,6 +8,7 @@
 #include "graphs/time_axis.h"
 #include "intake/classify.h"
 #include "intake/decode.h"
+#include "logging/export.h"
 #include "logging/file_set.h"
 #include "logging/log_file.h"
 #include "logging/recent_files.h"
@@ -173,6 +174,7 @@ void BeginReplay(Workstation& w) {
 
 void ReplayChosen(Workstation& w) {
     if (w.frmMain.mnuFileOpen.Checked) CloseOfflineFile(w);
+    EndExport(w);
     if (w.frmMain.mnuOpenPort.Checked) {
         return Tell(w, "Communication Port Open. Close Port to enter Off-line mode.");
     }
@@ -180,6 +182,7 @@ void ReplayChosen(Workstation& w) {
     OpenSelected(w);
     ++w.offline.session;
     NoteRecentFile(w, w.offline.OfflineFileName);
+    if (w.frmMain.mnuExcel.Checked) BeginExport(w);
     BeginReplay(w);
     ShowOfflineButtons(w, true);
     StepForward(w);
@@ -193,6 +196,8 @@ void GiveUpOpening(Workstation& w) {
     EnableLiveButtons(w, false);
     CloseOfflineFile(w);
     UpdateProgress(w);
+    // kept: the mark of the export stays, and the next file that is opened is exported.
+    CloseExportFile(w);
 }
 
 template <class Choice>
@@ -227,6 +232,10 @@ void TakeRecord(Workstation& w, const OfflineRecord& record) {
     UpdateProgress(w);
     ShowReadings(w, record);
     DecodeIntoSlot(w, NextProfileSlot(w));
+    if (w.frmMain.mnuExcel.Checked) {
+        WriteExportRow(w, CurrentSlot(w).Profile, record.time, w.exporting.ExportFileNo,
+                       record.message);
+    }
 }
 
 void DrawRecord(Workstation& w) {
@@ -344,6 +353,7 @@ void CloseOffline(Workstation& w) {
     w.offline.progress = {};
     ForgetMessages(w);
     w.offline.PlayStopRequested = -1;
+    EndExport(w);
 }
 
 void GotoFileStart(Workstation& w) {

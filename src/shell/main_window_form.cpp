@@ -4,6 +4,7 @@
 #include "graphs/cloud_settings.h"
 #include "intake/intake.h"
 #include "intake/port.h"
+#include "logging/export.h"
 #include "logging/log_settings.h"
 #include "logging/playback.h"
 #include "logging/recent_files.h"
@@ -67,8 +68,7 @@ constexpr MenuRow MenuRows[] = {
      mnuPortSettings_Click},
     {&FrmMain::mnuFileOpen, "mnuFileOpen", "mnuMode", "O&ff-Line File Open...", OpenOffline,
      nullptr, Separator},
-    {&FrmMain::mnuExcel, "mnuExcel", "mnuMode", "E&xcel Data Conversion", nullptr,
-     "The spreadsheet export"},
+    {&FrmMain::mnuExcel, "mnuExcel", "mnuMode", "E&xcel Data Conversion", mnuExcel_Click},
     {&FrmMain::mnuPrintGraph, "mnuPrintGraph", "mnuMode", "&Print Graph", nullptr,
      "Printing the graph", Separator},
     {&FrmMain::mnuAutoPrint, "mnuAutoPrint", "mnuMode", "&Automatic Print Graph",

@@ -10,6 +10,7 @@
 #include "graphs/time_axis.h"
 #include "intake/models.h"
 #include "intake/port.h"
+#include "logging/export.h"
 #include "logging/recent_files.h"
 #include "logging/rotation.h"
 #include "platform/runtime/dates.h"
@@ -193,6 +194,7 @@ void Form_Unload(Workstation& w) {
     ReportAndGoOn(w, [&] {
         if (w.frmMain.mnuLogOn.Checked) WriteClosedLine(w);
     });
+    CloseExportFile(w);
     ReportAndGoOn(w, [&] { UnloadForm(w, w.frmDebug); });
     // Its log gets its closing line, also when the session of the desktop ends.
     ReportAndGoOn(w, [&] { UnloadForm(w, w.frmTerminal); });
