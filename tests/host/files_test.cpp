@@ -45,8 +45,9 @@ TEST(FileErrorNumber, KnowsEachRefusal) {
     const struct {
         int code;
         int number;
-    } cases[] = {{ENOENT, 53}, {EIO, 57},   {ENOSPC, 61}, {EDQUOT, 61}, {EFBIG, 61}, {EACCES, 70},
-                 {EPERM, 70},  {EROFS, 70}, {EISDIR, 75}, {EMFILE, 75}, {ELOOP, 75}, {ENOTDIR, 76}};
+    } cases[] = {{ENOENT, 53}, {EIO, 57},   {ENOSPC, 61}, {EDQUOT, 61}, {EFBIG, 61},
+                 {EACCES, 70}, {EPERM, 70}, {EROFS, 70},  {EISDIR, 75}, {EMFILE, 67},
+                 {ENFILE, 67}, {ELOOP, 75}, {ENOTDIR, 76}};
     for (const auto& c : cases) EXPECT_EQ(FileErrorNumber(c.code), c.number) << c.code;
 }
 
@@ -179,6 +180,40 @@ TEST_F(HostFilesTest, AnOpenFileSeesWhatIsAppended) {
     ASSERT_EQ(::mkfifo(own.Path("pipe").c_str(), 0600), 0);
     EXPECT_EQ(ErrorOf([&] { files.OpenForReading(own.Path("pipe")); }), 75) << "and does not wait";
     EXPECT_EQ(ErrorOf([&] { files.OpenForReading("/proc/self/mem")->Read(bytes, 3); }), 57);
+}
+
+TEST_F(HostFilesTest, AFileStaysOpenForAppending) {
+    const std::string name = own.Path("a.txt");
+    WriteFile(name, "old");
+    const auto file = files.OpenForAppending(name);
+    EXPECT_EQ(ReadFile(name), "old");
+    file->Write("one");
+    EXPECT_EQ(ReadFile(name), "oldone") << "nothing is held back";
+    files.Append(name, "two");
+    file->Write(std::string_view("t\0e", 3));
+    EXPECT_EQ(ReadFile(name), std::string("oldonetwot\0e", 12));
+    {
+        const FullDisk full(14);
+        EXPECT_EQ(ErrorOf([&] { file->Write("four"); }), 61);
+    }
+    EXPECT_EQ(ReadFile(name), std::string("oldonetwot\0efo", 14));
+    files.OpenForAppending(own.Path("config") + "/H\xF6he.txt");
+    EXPECT_EQ(ReadFile(own.Path("config/H\xC3\xB6he.txt")), "");
+    EXPECT_EQ(ErrorOf([&] { files.OpenForAppending("/dev/full")->Write("text"); }), 61);
+    EXPECT_EQ(ErrorOf([&] { files.OpenForAppending(own.Path("nowhere/a.txt")); }), 76);
+    EXPECT_EQ(ErrorOf([&] { files.OpenForAppending(own.Path("config")); }), 75);
+    EXPECT_EQ(ErrorOf([&] { files.OpenForAppending(""); }), 75);
+}
+
+TEST_F(HostFilesTest, TellsWhetherTwoNamesAreOneFile) {
+    const std::string name = own.Path("a.DAT"), link = own.Path("H\xC3\xB6he.txt");
+    WriteFile(name, "");
+    ASSERT_EQ(::symlink(name.c_str(), link.c_str()), 0);
+    EXPECT_TRUE(files.IsSame(name, own.Path("config/../a.DAT")));
+    EXPECT_TRUE(files.IsSame(name, own.Path("H\xF6he.txt")));
+    EXPECT_TRUE(files.IsSame(own.Path("H\xF6he.txt"), name));
+    EXPECT_FALSE(files.IsSame(name, own.Path("b.DAT")));
+    EXPECT_FALSE(files.IsSame(own.Path("b.DAT"), own.Path("b.DAT")));
 }
 
 TEST_F(HostFilesTest, DeletingTellsWhatIsMissing) {

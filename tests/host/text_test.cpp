@@ -53,6 +53,16 @@ TEST(LocaleFormats, DatesKeepOrderAndSeparator) {
     for (const auto& c : cases) EXPECT_EQ(ShortDateFormat(c.pattern), c.format) << c.pattern;
 }
 
+TEST(LocaleFormats, MonthsHaveShortNamesThatTheCodePageHas) {
+    const auto german = ShortMonthNames(QLocale(QLocale::German));
+    EXPECT_EQ(german[0], "Jan");
+    EXPECT_EQ(german[2], "M\xE4r");
+    EXPECT_EQ(german[11], "Dez");
+    const auto greek = ShortMonthNames(QLocale(QLocale::Greek));
+    EXPECT_EQ(greek, ShortMonthNames(QLocale::c()));
+    EXPECT_EQ(greek[4], "May");
+}
+
 TEST(LocaleFormats, TimesHaveTwentyFourHoursAndNoZone) {
     const struct {
         const char* pattern;

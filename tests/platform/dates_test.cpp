@@ -181,7 +181,7 @@ TEST(Format, KnowsTheFormatsInUse) {
     for (const auto& c : cases) EXPECT_EQ(Format(when, c.format), c.text) << c.format;
 }
 
-TEST(Format, NamesTheMonthsInEnglish) {
+TEST(Format, NamesTheMonthsInEnglishAtFirst) {
     const char* const names[] = {"Jan", "Feb", "Mar", "Apr", "May", "Jun",
                                  "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
     for (int month = 1; month <= 12; ++month) {
@@ -217,6 +217,16 @@ TEST(Format, FollowsTheLocale) {
         EXPECT_EQ(Format(when, "dd.mm.yyyy"), "05.03.2026");
     }
     SetLocaleFormats("dd.mm.yyyy", "hh:nn:ss");
+}
+
+TEST(Format, NamesTheMonthsAsTheLocaleDoes) {
+    const std::array<std::string, 12> english = {"Jan", "Feb", "Mar", "Apr", "May", "Jun",
+                                                 "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
+    SetLocaleMonths({"a", "b", "M\xE4r", "d", "e", "f", "g", "h", "i", "j", "k", "Dez."});
+    EXPECT_EQ(Format(DateSerial(2026, 3, 5), "d-mmm"), "5-M\xE4r");
+    EXPECT_EQ(Format(DateSerial(2026, 12, 31), "d-mmm"), "31-Dez.");
+    SetLocaleMonths(english);
+    EXPECT_EQ(Format(DateSerial(2026, 3, 5), "d-mmm"), "5-Mar");
 }
 
 TEST(TimeValue, ReadsWhatAPersonWrites) {

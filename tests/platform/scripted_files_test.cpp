@@ -271,6 +271,42 @@ TEST(MemoryFiles, SafeAppendingFailsAsAnyOther) {
     EXPECT_EQ(files.Content("A"), "ab");
 }
 
+TEST(MemoryFiles, AFileStaysOpenForAppending) {
+    MemoryFiles files;
+    files.Put("A", "old");
+    const auto file = files.OpenForAppending("a");
+    EXPECT_EQ(files.Content("A"), "old");
+    file->Write("one");
+    files.Append("A", "two");
+    file->Write("three");
+    EXPECT_EQ(files.Content("A"), "oldonetwothree");
+    files.FillDiskAfter(2);
+    EXPECT_EQ(ErrorOf([&] { file->Write("four"); }), 61);
+    EXPECT_EQ(files.Content("A"), "oldonetwothreefo");
+    files.EmptyDisk();
+    files.FailNextWrite();
+    file->Write("");
+    EXPECT_EQ(ErrorOf([&] { file->Write("five"); }), 61);
+    files.OpenForAppending("EMPTY");
+    EXPECT_EQ(files.Content("EMPTY"), "");
+    EXPECT_EQ(ErrorOf([&] { files.OpenForAppending("C:\\NONE\\A"); }), 76);
+    EXPECT_EQ(ErrorOf([&] { files.OpenForAppending("C:\\CUMERON"); }), 75);
+    files.FailNextOpen("A", 70);
+    EXPECT_EQ(ErrorOf([&] { files.OpenForAppending("A"); }), 70);
+}
+
+TEST(MemoryFiles, TellsWhetherTwoNamesAreOneFile) {
+    MemoryFiles files;
+    files.Put("A.TXT", "");
+    EXPECT_TRUE(files.IsSame("A.TXT", "c:\\cumeron\\a.txt"));
+    EXPECT_FALSE(files.IsSame("A.TXT", "B.TXT"));
+    EXPECT_FALSE(files.IsSame("B.TXT", "B.TXT")) << "there is none";
+    files.SetStyle(PathStyle::Posix);
+    files.Put("A.TXT", "");
+    EXPECT_TRUE(files.IsSame("A.TXT", "/home/user/A.TXT"));
+    EXPECT_FALSE(files.IsSame("A.TXT", "A.txt"));
+}
+
 TEST(MemoryFiles, ScriptMakesFoldersButNoDrives) {
     MemoryFiles files;
     files.Put("C:\\LOG\\A", "text");
