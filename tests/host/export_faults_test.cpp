@@ -87,7 +87,7 @@ class NoSuperUser {
 public:
     NoSuperUser() : wasRoot(::geteuid() == 0 && ::seteuid(65534) == 0) {}
     ~NoSuperUser() {
-        if (wasRoot) EXPECT_EQ(::seteuid(0), 0);
+        EXPECT_TRUE(!wasRoot || ::seteuid(0) == 0);
     }
     NoSuperUser(const NoSuperUser&) = delete;
     NoSuperUser& operator=(const NoSuperUser&) = delete;
