@@ -13,6 +13,7 @@
 #include "logging/log_file.h"
 #include "logging/log_settings.h"
 #include "logging/playback.h"
+#include "logging/print_setup.h"
 #include "platform/platform.h"
 #include "readings/instant_values.h"
 #include "readings/sky_condition.h"
@@ -44,6 +45,7 @@ struct Workstation {
     LogState logging;
     OfflineState offline;
     ExportState exporting;
+    PrintState printing;
     ShellState shell;
     TerminalState terminal;
 

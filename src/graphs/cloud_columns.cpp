@@ -7,6 +7,7 @@
 #include "graphs/cloud_graph.h"
 #include "graphs/scale.h"
 #include "graphs/time_axis.h"
+#include "logging/printing.h"
 #include "platform/runtime/dates.h"
 #include "platform/runtime/errors.h"
 #include "platform/runtime/text.h"
@@ -69,8 +70,22 @@ void MoveStrip(Workstation& w, std::int32_t shift) {
     graphs.CurrentColumn = ToInt16(static_cast<double>(graphs.CurrentColumn - shift));
 }
 
+// The full strip goes to the printer, and a new one begins at the left edge.
+// kept: the ring is emptied with it, also of the message that brought this about, which has its
+// place in it already.
+void PrintAndBeginAnew(Workstation& w) {
+    if (w.graphs.GridOnScreen != 0) ToggleCloudGrid(w, w.frmMain.picCombination);
+    PrintGraph(w, PrintErrors::ToMessageWindow);
+    w.graphs.HistoryIndex = 0;
+    w.graphs.HistoryWrapped = 0;
+    ClearGraph(w);
+}
+
+// Where a column comes from: a redraw paints again what there was, and prints nothing.
+enum class Source { Message, Redraw };
+
 // Makes room for the missing columns and the message; gives how many of the missing ones are drawn.
-std::int32_t MakeRoom(Workstation& w, std::int32_t missing) {
+std::int32_t MakeRoom(Workstation& w, std::int32_t missing, Source source) {
     const std::int32_t width = w.frmMain.picCombination.PixelWidth();
     const std::int32_t usable = width - RightMargin(w.settings);
     if (usable - missing >= w.graphs.CurrentColumn) return missing;
@@ -79,7 +94,11 @@ std::int32_t MakeRoom(Workstation& w, std::int32_t missing) {
         ClearGraph(w);
         return usable;
     }
-    MoveStrip(w, missing + w.graphs.CurrentColumn - usable);
+    if (source == Source::Message && w.frmMain.mnuAutoPrint.Checked) {
+        PrintAndBeginAnew(w);
+    } else {
+        MoveStrip(w, missing + w.graphs.CurrentColumn - usable);
+    }
     UpdateAxes(w);
     return missing;
 }
@@ -155,6 +174,25 @@ std::int32_t MakeRoomBack(Workstation& w, std::int32_t gap) {
     return gap;
 }
 
+void AddColumn(Workstation& w, std::span<const std::int32_t> profile, bool valid, Source source) {
+    GraphState& graphs = w.graphs;
+    TakeOffPositionMark(w);
+    std::int32_t missing = MissingColumns(w);
+    graphs.LastGraphTime = graphs.MessageTime;
+    missing = MakeRoom(w, missing, source);
+    for (; missing > 0; --missing) {
+        DrawGapMark(w.frmMain.picCombination, graphs.CurrentColumn);
+        graphs.CurrentColumn = Add16(graphs.CurrentColumn, 1);
+    }
+    if (valid) {
+        PaintMessage(w, profile, w.intake.MessageId != RawMessage);
+    } else {
+        DrawGapMark(w.frmMain.picCombination, graphs.CurrentColumn);
+    }
+    StepColumn(w);
+    PutPositionMark(w);
+}
+
 // The slot of the oldest record that a redraw replays.
 std::int16_t FirstSlot(const GraphState& graphs) {
     if (graphs.HistoryWrapped == 0 && graphs.HistoryIndex <= graphs.HistoryRedrawCount) return 1;
@@ -170,7 +208,7 @@ void ReplayRecord(Workstation& w, const GraphRecord& record) {
     w.frmMain.lblCloudtext[0].Caption = record.CloudText;
     w.intake.MessageId = record.MessageId;
     w.intake.ProfileScale = record.Scale;
-    AddGraphColumn(w, record.Profile, record.Valid != 0);
+    AddColumn(w, record.Profile, record.Valid != 0, Source::Redraw);
 }
 
 void ReplayRecords(Workstation& w) {
@@ -213,22 +251,7 @@ void DrawFootMark(Surface& surface, int column, int height, int mode, int colour
 }  // namespace
 
 void AddGraphColumn(Workstation& w, std::span<const std::int32_t> profile, bool valid) {
-    GraphState& graphs = w.graphs;
-    TakeOffPositionMark(w);
-    std::int32_t missing = MissingColumns(w);
-    graphs.LastGraphTime = graphs.MessageTime;
-    missing = MakeRoom(w, missing);
-    for (; missing > 0; --missing) {
-        DrawGapMark(w.frmMain.picCombination, graphs.CurrentColumn);
-        graphs.CurrentColumn = Add16(graphs.CurrentColumn, 1);
-    }
-    if (valid) {
-        PaintMessage(w, profile, w.intake.MessageId != RawMessage);
-    } else {
-        DrawGapMark(w.frmMain.picCombination, graphs.CurrentColumn);
-    }
-    StepColumn(w);
-    PutPositionMark(w);
+    AddColumn(w, profile, valid, Source::Message);
 }
 
 void AddGraphColumnBack(Workstation& w, std::span<const std::int32_t> profile) {

@@ -11,6 +11,7 @@
 #include "logging/export.h"
 #include "logging/file_set.h"
 #include "logging/log_file.h"
+#include "logging/printing.h"
 #include "logging/recent_files.h"
 #include "logging/rotation.h"
 #include "platform/runtime/dates.h"
@@ -283,8 +284,17 @@ bool PlayRecords(Workstation& w) {
     return ended;
 }
 
+void PrintReplay(Workstation& w) {
+    if (!w.frmMain.mnuAutoPrint.Checked) return;
+    PrintGraph(w, PrintErrors::ToBox);
+    w.platform.events.DoEvents();
+}
+
 void FinishPlay(Workstation& w) {
-    if (w.offline.PlayStopRequested == 0) return TellEnd(w);
+    if (w.offline.PlayStopRequested == 0) {
+        PrintReplay(w);
+        return TellEnd(w);
+    }
     w.offline.PlayStopRequested = 0;
     UpdateBackscatterPlot(w);
     EnableForwardAndPlay(w, true);

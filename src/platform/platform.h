@@ -7,6 +7,8 @@
 #include <vector>
 
 #include "platform/files.h"
+#include "platform/pictures.h"
+#include "platform/printer.h"
 #include "platform/serial_line.h"
 
 namespace cumeron {
@@ -113,6 +115,9 @@ struct Platform {
     RunningCopies& copies;
     PortMap& ports;
     ScreenSize screen;
+    Printer& printer;
+    Clipboard& clipboard;
+    Pictures& pictures;
 };
 
 }  // namespace cumeron

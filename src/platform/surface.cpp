@@ -204,6 +204,12 @@ void Surface::Print(const std::string& text) {
     if (painter != nullptr) painter->Paint(*this, printed.back());
 }
 
+void Surface::PaintDrawing(const std::string& name) {
+    Fit();
+    ++changes;
+    if (painter != nullptr) painter->PaintDrawing(*this, name);
+}
+
 void Surface::BitBlt(int x, int y, int width, int height, const Surface& source, int sourceX,
                      int sourceY) {
     Fit();

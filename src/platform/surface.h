@@ -31,6 +31,8 @@ public:
     virtual void Paint(Surface& surface, const PrintedText& text) = 0;
     virtual int TextWidth(const std::string& text) = 0;  // pixels
     virtual int TextHeight() = 0;                        // pixels
+    // A drawing of the program, by its name, over the whole surface in black.
+    virtual void PaintDrawing(Surface&, const std::string&) {}
 };
 
 // Width and Height (pixels, taken to the nearest whole one) are plain fields; the bitmap follows
@@ -57,6 +59,8 @@ struct Surface : Control {
     void Line(double x1, double y1, double x2, double y2, int colour);
     // At the current point, in ForeColor.
     void Print(const std::string& text);
+    // The drawing of that name over the whole surface.
+    void PaintDrawing(const std::string& name);
     // Raster copy and fill in pixels, whatever DrawMode says; pixels outside are dropped. The
     // source may be the surface itself.
     void BitBlt(int x, int y, int width, int height, const Surface& source, int sourceX,

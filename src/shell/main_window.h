@@ -15,6 +15,7 @@ struct FrmMain : Form {
     MenuEntry mnuMode, mnuOpenPort, mnuClosePort, mnuPortSettings, mnuFileOpen, mnuExcel,
         mnuPrintGraph, mnuAutoPrint, mnuPrintScreen, mnuPrintSetup, mnuCeiloType,
         mnuSaveSettingsNow, mnuSaveSettings, mnuRestore, mnuStartup, mnuExit;
+    MenuEntry mnuSaveGraph;
     static constexpr std::size_t RecentFiles = 6;
     std::array<MenuEntry, RecentFiles> mnuRecent;  // off-line files; ToolTipText: the full name
     MenuEntry mnuEdit, mnuCopyPicture;
@@ -51,6 +52,11 @@ struct FrmMain : Form {
     Label lblXaxis, lblXaxisBack;
     Image imgYaxisFt, imgYaxisM, imgYaxisdisFT, imgYaxisdisM;
     Surface picPrintAltitude, picPrintXlabel;
+    // The page: where it is composed, the corner between the labels, and the titles of its axes,
+    // which lie on picPrintXlabel and picPrintAltitude.
+    Surface picPrinting, picCorner;
+    Label lblPrintXlabel;
+    Image imgYaxisaltftBW, imgYaxisaltMbw, imgYaxisdisFTBW, imgYaxisdisMbw;
     // Timers
     Timer tmrClock, ResizeTimer;
 

@@ -5,12 +5,15 @@
 #include "intake/intake.h"
 #include "intake/port.h"
 #include "logging/export.h"
+#include "logging/graph_file.h"
 #include "logging/log_settings.h"
 #include "logging/playback.h"
+#include "logging/printing.h"
 #include "logging/recent_files.h"
 #include "logging/rotation.h"
 #include "shell/indicators.h"
 #include "shell/main_window.h"
+#include "shell/print_controls.h"
 #include "shell/sky_frame.h"
 #include "terminal/terminal.h"
 #include "workstation.h"
@@ -24,10 +27,6 @@ using Procedure = void (*)(Workstation&);
 constexpr const char* HelpFile = "CUMERON.HLP";
 constexpr int HelpContents = 3, HelpTopic = 1;  // commands
 constexpr int IndexTopic = 50;
-
-void mnuAutoPrint_Click(Workstation& w) {
-    w.frmMain.mnuAutoPrint.Checked = !w.frmMain.mnuAutoPrint.Checked;
-}
 
 // Starts the measurement of the message interval anew; known to those who were told.
 void lblXaxis_Click(Workstation& w) { w.intake.IntervalSeekState = 0; }
@@ -69,14 +68,13 @@ constexpr MenuRow MenuRows[] = {
     {&FrmMain::mnuFileOpen, "mnuFileOpen", "mnuMode", "O&ff-Line File Open...", OpenOffline,
      nullptr, Separator},
     {&FrmMain::mnuExcel, "mnuExcel", "mnuMode", "E&xcel Data Conversion", mnuExcel_Click},
-    {&FrmMain::mnuPrintGraph, "mnuPrintGraph", "mnuMode", "&Print Graph", nullptr,
-     "Printing the graph", Separator},
+    {&FrmMain::mnuPrintGraph, "mnuPrintGraph", "mnuMode", "&Print Graph", mnuPrintGraph_Click,
+     nullptr, Separator},
     {&FrmMain::mnuAutoPrint, "mnuAutoPrint", "mnuMode", "&Automatic Print Graph",
      mnuAutoPrint_Click},
-    {&FrmMain::mnuPrintScreen, "mnuPrintScreen", "mnuMode", "Print &Screen", nullptr,
-     "Printing the screen"},
-    {&FrmMain::mnuPrintSetup, "mnuPrintSetup", "mnuMode", "Print S&etup...", nullptr,
-     "The print setup"},
+    {&FrmMain::mnuPrintScreen, "mnuPrintScreen", "mnuMode", "Print &Screen", mnuPrintScreen_Click},
+    {&FrmMain::mnuPrintSetup, "mnuPrintSetup", "mnuMode", "Print S&etup...", mnuPrintSetup_Click},
+    {&FrmMain::mnuSaveGraph, "mnuSaveGraph", "mnuMode", "Save &Graph As...", mnuSaveGraph_Click},
     {&FrmMain::mnuCeiloType, "mnuCeiloType", "mnuMode", "Ceilo &Type...", mnuCeiloType_Click,
      nullptr, Separator},
     {&FrmMain::mnuSaveSettingsNow, "mnuSaveSettingsNow", "mnuMode", "Save Settings &Now",
@@ -88,8 +86,7 @@ constexpr MenuRow MenuRows[] = {
     {&FrmMain::mnuExit, "mnuExit", "mnuMode", "&Exit", mnuExit_Click, nullptr, Separator},
 
     {&FrmMain::mnuEdit, "mnuEdit", "", "&Edit", nullptr},
-    {&FrmMain::mnuCopyPicture, "mnuCopyPicture", "mnuEdit", "&Copy Graph", nullptr,
-     "Copying the graph"},
+    {&FrmMain::mnuCopyPicture, "mnuCopyPicture", "mnuEdit", "&Copy Graph", mnuCopyPicture_Click},
 
     {&FrmMain::mnuLog, "mnuLog", "", "&Log", nullptr},
     {&FrmMain::mnuLogOn, "mnuLogOn", "mnuLog", "&On", mnuLogOn_Click},
@@ -214,8 +211,6 @@ constexpr SurfaceRow SurfaceRows[] = {
     {&FrmMain::picXLabelsBack, "picXLabelsBack", {0, 0, 8, 34}, WindowGrey, false},
     {&FrmMain::picYLabelsBack, "picYLabelsBack", {0, 96, 44, 3}, WindowGrey, false},
     {&FrmMain::picSplitSizer, "picSplitSizer", {0, 95, 5, 5}, SizerGrey, false},
-    {&FrmMain::picPrintAltitude, "picPrintAltitude", {0, 0, 24, 160}, PaperWhite, false},
-    {&FrmMain::picPrintXlabel, "picPrintXlabel", {0, 0, 160, 20}, PaperWhite, false},
 };
 
 struct ImageRow {
@@ -429,6 +424,7 @@ void FrmMain::Reset() {
     ResetMenus(*this);
     ResetBars(*this);
     ResetGraphs(*this);
+    ResetPrintControls(*this);
     ResetValues(*this);
     ResetTimers(*this);
 }
@@ -453,6 +449,7 @@ ControlList FrmMain::Controls() {
     for (const SurfaceRow& row : SurfaceRows) {
         list.push_back({row.name, -1, "", &(this->*row.surface)});
     }
+    AddPrintControls(*this, list);
     list.push_back({"fraValues", -1, "", &fraValues});
     ListSkyFrame(list, *this);
     for (std::size_t i = 0; i < CloudValue.size(); ++i) {

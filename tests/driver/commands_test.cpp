@@ -29,12 +29,12 @@ void CheckCases(const std::vector<PassingCase>& cases) {
     }
 }
 
-TEST(Commands, EachHasANameOfItsOwnAndAReasonWhenItCannotRun) {
+TEST(Commands, EachHasANameOfItsOwnAndRuns) {
     std::set<std::string_view> names;
     for (const std::string_view name : CommandNames()) {
         EXPECT_TRUE(names.insert(name).second) << name;
         const Command& command = *FindCommand(name);
-        EXPECT_EQ(command.run == nullptr, !command.missing.empty()) << name;
+        EXPECT_NE(command.run, nullptr) << name;
         EXPECT_LE(command.least, command.most) << name;
     }
 }

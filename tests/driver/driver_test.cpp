@@ -87,8 +87,7 @@ TEST(Failures, AreToldWithFileLineAndCommand) {
         {"rx \"a\n", "s.scn:1: line: malformed line, a quote is not closed\n"},
         {"rx $A\n", "s.scn:1: rx: unknown name $A; nothing is defined yet\n"},
         {"let B x\nrx $A\n", "s.scn:2: rx: unknown name $A; defined are $B\n"},
-        {"clipboard 1 2\n",
-         "s.scn:1: clipboard: 'clipboard' needs the printing module, which is not there yet\n"},
+        {"clipboard 1 2\n", "s.scn:1: clipboard: expected 1 2, got no picture\n"},
         {"put-file E:\\A x\n", "s.scn:1: put-file: error 76, Path not found\n"},
     };
     for (const auto& c : cases) {

@@ -29,8 +29,9 @@ namespace fs = std::filesystem;
 struct RealLog {
     ScriptedMachine machine;
     HostFiles files;
-    Platform platform{machine.time,    machine.time,   machine.line,  files, machine.dialogs,
-                      machine.process, machine.copies, machine.ports, {}};
+    Platform platform{machine.time,      machine.time,    machine.line,  files, machine.dialogs,
+                      machine.process,   machine.copies,  machine.ports, {},    machine.printer,
+                      machine.clipboard, machine.pictures};
     Workstation w{platform};
 
     explicit RealLog(const std::string& folder) {

@@ -485,9 +485,9 @@ struct FailingLine : ScriptedLine {
 TEST(Tick, GoesOnWhenTheDeviceFails) {
     ScriptedMachine machine;
     FailingLine line(machine.time);
-    Platform platform{machine.time,   machine.time,    line,
-                      machine.files,  machine.dialogs, machine.process,
-                      machine.copies, machine.ports,   {}};
+    Platform platform{
+        machine.time,   machine.time,  line, machine.files,   machine.dialogs,   machine.process,
+        machine.copies, machine.ports, {},   machine.printer, machine.clipboard, machine.pictures};
     Workstation w(platform);
     w.settings.CEILOMETER = 30;
     LoadModel(w, LoadedBy::Start);

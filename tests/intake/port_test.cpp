@@ -135,9 +135,10 @@ TEST(HangUpModem, DropsDTRWhateverItWas) {
         for (const bool fails : {false, true}) {
             ScriptedMachine machine;
             NotingLine line(machine.time);
-            Platform platform{machine.time,   machine.time,    line,
-                              machine.files,  machine.dialogs, machine.process,
-                              machine.copies, machine.ports,   {}};
+            Platform platform{machine.time,    machine.time,      line,
+                              machine.files,   machine.dialogs,   machine.process,
+                              machine.copies,  machine.ports,     {},
+                              machine.printer, machine.clipboard, machine.pictures};
             Workstation w(platform);
             line.ScriptedLine::SetDTREnable(before);
             line.fails = fails;

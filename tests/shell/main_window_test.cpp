@@ -132,18 +132,6 @@ TEST(MainWindow, ResetPutsEverythingBack) {
     EXPECT_EQ(form.picLines.painter, painter);
 }
 
-TEST(MainWindow, WhatIsNotThereYetSaysSo) {
-    Program program;
-    const std::pair<Control*, const char*> cases[] = {
-        {&program.Form().mnuPrintGraph, "Printing the graph is not part of this version yet."},
-        {&program.Form().mnuCopyPicture, "Copying the graph is not part of this version yet."},
-    };
-    for (const auto& [control, text] : cases) {
-        program.Click(*control);
-        EXPECT_EQ(program.machine.dialogs.TakeBox(), text);
-    }
-}
-
 TEST(MainWindow, HelpIsAskedForByTwoNames) {
     Program program;
     program.Click(program.Form().mnuContents);
@@ -165,9 +153,10 @@ struct NoHelp : Process {
 TEST(MainWindow, MissingHelpIsTold) {
     ScriptedMachine machine;
     NoHelp process;
-    Platform platform{machine.time,   machine.time,    machine.line,
-                      machine.files,  machine.dialogs, process,
-                      machine.copies, machine.ports,   {}};
+    Platform platform{machine.time,    machine.time,      machine.line,
+                      machine.files,   machine.dialogs,   process,
+                      machine.copies,  machine.ports,     {},
+                      machine.printer, machine.clipboard, machine.pictures};
     Workstation w(platform);
     for (const MenuEntry* entry : {&w.frmMain.mnuContents, &w.frmMain.mnuIndex}) {
         entry->Click(w);

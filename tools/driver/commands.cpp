@@ -103,10 +103,6 @@ const Command& CheckWords(const Words& words) {
         throw CommandError{"malformed line, it should be: " + words[0] + " " +
                            std::string(command->usage)};
     }
-    if (!command->run) {
-        throw CommandError{"'" + words[0] + "' needs " + std::string(command->missing) +
-                           ", which is not there yet"};
-    }
     return *command;
 }
 

@@ -19,8 +19,6 @@ struct Command {
     std::string_view usage;   // of its arguments
     std::size_t least, most;  // arguments
     void (*run)(Session&, const Words& arguments);
-    // What the program does not have yet, so that the command has nothing to act on; run is null.
-    std::string_view missing = {};
 };
 
 std::span<const Command> CommandsBeforeStart();

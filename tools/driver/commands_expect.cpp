@@ -158,7 +158,50 @@ void RunEnded(Session& session, const Words& arguments) {
     session.Check(got == arguments[0], arguments[0], got);
 }
 
-constexpr std::string_view Printing = "the printing module";
+// A number, or a name that stands for one.
+int PixelsOf(Session& session, const std::string& text) {
+    const std::optional<int> number = WholeNumberOf(text);
+    return number ? *number : static_cast<int>(std::lround(AsDouble(ValueOf(session, text))));
+}
+
+std::string SizeText(int width, int height) {
+    return std::to_string(width) + " " + std::to_string(height);
+}
+
+std::string ClipboardText(const Session& session) {
+    const auto& picture = session.machine.clipboard.picture;
+    return picture ? SizeText(picture->PixelWidth(), picture->PixelHeight()) : "no picture";
+}
+
+void RunClipboard(Session& session, const Words& arguments) {
+    const std::string expected =
+        SizeText(PixelsOf(session, arguments[0]), PixelsOf(session, arguments[1]));
+    const std::string got = ClipboardText(session);
+    session.Check(got == expected, expected, got);
+}
+
+void RunNoClipboard(Session& session, const Words&) {
+    session.Check(!session.machine.clipboard.picture, "no picture", ClipboardText(session));
+}
+
+void RunPages(Session& session, const Words& arguments) {
+    const int expected = IntegerArgument(arguments[0]);
+    const int pages = session.machine.printer.TakePages();
+    session.Check(pages == expected, arguments[0], std::to_string(pages));
+}
+
+void RunPageHas(Session& session, const Words& arguments) {
+    const auto& page = session.machine.printer.LastPage();
+    bool found = false;
+    std::string texts;
+    for (const PageOperation& operation : page ? page->operations : std::vector<PageOperation>()) {
+        const auto* text = std::get_if<PageText>(&operation);
+        if (text == nullptr) continue;
+        found = found || text->text == arguments[0];
+        texts += (texts.empty() ? "" : " ") + Quoted(text->text);
+    }
+    session.Check(found, Quoted(arguments[0]), page ? texts : "no page");
+}
 
 constexpr Command Commands[] = {
     {"expect", "NAME VALUE", 2, 2, RunExpect},
@@ -178,10 +221,10 @@ constexpr Command Commands[] = {
     {"beeps", "NUMBER", 1, 1, RunBeeps},
     {"pixel", "SURFACE X Y COLOUR", 4, 4, RunPixel},
     {"printed", "SURFACE VALUE X Y TOLERANCE", 5, 5, RunPrinted},
-    {"clipboard", "WIDTH HEIGHT", 2, 2, nullptr, Printing},
-    {"no-clipboard", "", 0, 0, nullptr, Printing},
-    {"pages", "NUMBER", 1, 1, nullptr, Printing},
-    {"page-has", "VALUE", 1, 1, nullptr, Printing},
+    {"clipboard", "WIDTH HEIGHT", 2, 2, RunClipboard},
+    {"no-clipboard", "", 0, 0, RunNoClipboard},
+    {"pages", "NUMBER", 1, 1, RunPages},
+    {"page-has", "VALUE", 1, 1, RunPageHas},
     {"ended", "yes|no", 1, 1, RunEnded},
 };
 

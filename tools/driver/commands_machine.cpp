@@ -47,13 +47,17 @@ void RunShellError(Session& session, const Words& arguments) {
     session.machine.process.nextStartError = IntegerArgument(arguments[0]);
 }
 
+void RunPrinterError(Session& session, const Words& arguments) {
+    session.machine.printer.nextError = IntegerArgument(arguments[0]);
+}
+
 constexpr Command Commands[] = {
     {"put-file", "NAME VALUE...", 2, AnyNumber, RunPutFile},
     {"file-error", "NAME NUMBER", 2, 2, RunFileError},
     {"disk-free", "DRIVE BYTES", 2, 2, RunDiskFree},
     {"disk-full", "on|off|after BYTES|once", 1, 2, RunDiskFull},
     {"shell-error", "NUMBER", 1, 1, RunShellError},
-    {"printer-error", "NUMBER", 1, 1, nullptr, "the printing module"},
+    {"printer-error", "NUMBER", 1, 1, RunPrinterError},
 };
 
 }  // namespace

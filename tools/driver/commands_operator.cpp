@@ -4,6 +4,7 @@
 
 #include "commands.h"
 #include "names.h"
+#include "platform/runtime/text.h"
 #include "properties.h"
 #include "shell/dispatch.h"
 #include "values.h"
@@ -361,6 +362,28 @@ void RunChoose(Session& session, const Words& arguments) {
     dialogs.ChooseNext(chosen);
 }
 
+void RunPrinterSetup(Session& session, const Words& arguments) {
+    ScriptedPrinter& printer = session.machine.printer;
+    if (arguments.size() == 1 && arguments[0] == "cancel") return printer.ChooseNext(std::nullopt);
+    SetupChoice choice;
+    for (const std::string& word : arguments) {
+        const std::size_t sign = word.find('=');
+        const std::string key = word.substr(0, sign);
+        const auto property = PrinterPropertyOf(key);
+        if (sign == std::string::npos || (!property && key != "DeviceName")) {
+            throw CommandError{Quoted(word) + " is no KEY=VALUE of DeviceName, " +
+                               PrinterPropertyNames()};
+        }
+        const std::string value = word.substr(sign + 1);
+        if (property) {
+            choice.properties[*property] = ToInt16(NumberArgument(value));
+        } else {
+            choice.deviceName = value;
+        }
+    }
+    printer.ChooseNext(choice);
+}
+
 void RunDropFiles(Session& session, const Words& arguments) {
     Form& form = VisibleForm(session, arguments[0]);
     CheckForm(session, form);
@@ -389,7 +412,7 @@ constexpr Command Commands[] = {
     {"close", "FORM", 1, 1, RunClose},
     {"answer", "BUTTON...", 1, AnyNumber, RunAnswer},
     {"choose", "VALUE...|cancel", 1, AnyNumber, RunChoose},
-    {"printer-setup", "KEY=VALUE...|cancel", 1, AnyNumber, nullptr, "the printing module"},
+    {"printer-setup", "KEY=VALUE...|cancel", 1, AnyNumber, RunPrinterSetup},
 };
 
 }  // namespace

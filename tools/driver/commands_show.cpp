@@ -115,6 +115,31 @@ void RunShowPrinted(Session& session, const Words& arguments) {
     Print(session, array);
 }
 
+json JsonOf(const PageText& text) {
+    return {{"text", ToUtf8(text.text)}, {"x", text.x}, {"y", text.y}, {"size", text.points}};
+}
+
+json JsonOf(const PagePicture& picture) {
+    return {{"picture", {picture.pixelWidth, picture.pixelHeight}},
+            {"x", picture.x},
+            {"y", picture.y},
+            {"width", picture.width},
+            {"height", picture.height}};
+}
+
+void RunShowPage(Session& session, const Words&) {
+    const auto& page = session.machine.printer.LastPage();
+    if (!page) throw CommandError{"no page was printed"};
+    json operations = json::array();
+    for (const PageOperation& operation : page->operations) {
+        operations.push_back(std::visit([](const auto& one) { return JsonOf(one); }, operation));
+    }
+    Print(session, {{"orientation", page->orientation},
+                    {"width", page->width},
+                    {"height", page->height},
+                    {"operations", operations}});
+}
+
 void RunShowNames(Session& session, const Words& arguments) {
     json array = json::array();
     for (const NamedControl& named : FindForm(session, arguments[0]).Controls()) {
@@ -155,7 +180,7 @@ constexpr Command Commands[] = {
     {"show-profile", "", 0, 0, RunShowProfile},
     {"show-column", "SURFACE X", 2, 2, RunShowColumn},
     {"show-printed", "SURFACE", 1, 1, RunShowPrinted},
-    {"show-page", "", 0, 0, nullptr, "the printing module"},
+    {"show-page", "", 0, 0, RunShowPage},
     {"show-names", "FORM", 1, 1, RunShowNames},
     {"picture", "SURFACE HOSTFILE", 2, 2, RunPicture},
     {"echo", "VALUE...", 1, AnyNumber, RunEcho},

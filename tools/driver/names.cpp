@@ -210,6 +210,14 @@ Value ValueOfLine(SerialLine& line, const ParsedName& rest) {
     throw CommandError{"unknown property " + property + "; known are" + Listed(PropertiesOf(line))};
 }
 
+Value ValueOfPrinter(Printer& printer, const ParsedName& rest) {
+    const std::string property =
+        rest.segments.empty() ? std::string("DeviceName") : rest.WithoutIndices();
+    if (const auto value = PropertyOf(printer, property)) return *value;
+    throw CommandError{"unknown property " + property + "; known are" +
+                       Listed(PropertiesOf(printer))};
+}
+
 [[noreturn]] void UnknownControl(Form& form, const ParsedName& rest) {
     std::vector<std::string> known = ControlNames(form);
     for (const std::string& property : PropertiesOf(form)) known.push_back(property);
@@ -272,6 +280,9 @@ Value ValueOf(Session& session, const std::string& name) {
         UnknownControl(*form, rest);
     }
     if (parsed.segments[0].word == "comCTLine") return ValueOfLine(w.comCTLine(), parsed.From(1));
+    if (parsed.segments[0].word == "Printer") {
+        return ValueOfPrinter(w.platform.printer, parsed.From(1));
+    }
     if (const auto found = SearchIn(w.frmMain, parsed)) return ValueOfControl(*found);
     if (const Variable* variable = SearchVariable(session, parsed)) {
         return variable->get(w, parsed.Indices());

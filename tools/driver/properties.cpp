@@ -150,6 +150,46 @@ const Property<SerialLine&> LineProperties[] = {
 
 #undef FIELD
 
+#define FIELD(name, expression)                                                                    \
+    {                                                                                              \
+        name,                                                                                      \
+            [](Printer& printer) -> std::optional<Value> { return LoadValue(printer.expression); } \
+    }
+#define SETTING(name)                                                  \
+    {                                                                  \
+#name, [](Printer & printer) -> std::optional < Value>         \
+        { return LoadValue(printer.Property(PrinterProperty::name)); } \
+    }
+
+const Property<Printer&> PrinterProperties[] = {
+    FIELD("DeviceName", Identity().DeviceName),
+    FIELD("DriverName", Identity().DriverName),
+    FIELD("Port", Identity().Port),
+    FIELD("ScaleMode", ScaleMode),
+    FIELD("ScaleWidth", ScaleWidth()),
+    FIELD("ScaleHeight", ScaleHeight()),
+    FIELD("FontSize", FontSize),
+    SETTING(Orientation),
+    SETTING(PaperSize),
+    SETTING(Duplex),
+    SETTING(Copies),
+    SETTING(ColorMode),
+};
+
+#undef SETTING
+#undef FIELD
+
+struct SettableProperty {
+    const char* name;
+    PrinterProperty property;
+};
+
+constexpr SettableProperty SettableProperties[] = {
+    {"Orientation", PrinterProperty::Orientation}, {"PaperSize", PrinterProperty::PaperSize},
+    {"Duplex", PrinterProperty::Duplex},           {"Copies", PrinterProperty::Copies},
+    {"ColorMode", PrinterProperty::ColorMode},
+};
+
 template <class Table, class Object>
 std::optional<Value> Find(const Table& table, Object& object, const std::string& name) {
     for (const auto& property : table) {
@@ -194,6 +234,24 @@ std::optional<Value> PropertyOf(const Form& form, const std::string& property) {
 std::optional<Value> PropertyOf(SerialLine& line, const std::string& property) {
     return Find(LineProperties, line, property);
 }
+std::optional<Value> PropertyOf(Printer& printer, const std::string& property) {
+    return Find(PrinterProperties, printer, property);
+}
+
+std::optional<PrinterProperty> PrinterPropertyOf(const std::string& name) {
+    for (const SettableProperty& settable : SettableProperties) {
+        if (settable.name == name) return settable.property;
+    }
+    return std::nullopt;
+}
+
+std::string PrinterPropertyNames() {
+    std::string names;
+    for (const SettableProperty& settable : SettableProperties) {
+        names += (names.empty() ? "" : ", ") + std::string(settable.name);
+    }
+    return names;
+}
 
 std::string DefaultProperty(const AnyControl& control) {
     return Kinds[control.index()].defaultProperty;
@@ -206,6 +264,9 @@ std::vector<std::string> PropertiesOf(const AnyControl& control) {
 }
 std::vector<std::string> PropertiesOf(const Form& form) { return Known(FormProperties, form); }
 std::vector<std::string> PropertiesOf(SerialLine& line) { return Known(LineProperties, line); }
+std::vector<std::string> PropertiesOf(Printer& printer) {
+    return Known(PrinterProperties, printer);
+}
 
 Control* SeenControl(const AnyControl& control) {
     return std::visit(

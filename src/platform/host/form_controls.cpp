@@ -255,6 +255,7 @@ void FormView::Bind(const NamedControl& named, Image& record) {
 
 void FormView::Bind(const NamedControl& named, Surface& record) {
     auto* widget = WidgetFor<SurfaceWidget>(named);
+    containers[named.name] = widget;  // of the titles that lie on it
     widget->SetSurface(record);
     Follow(named, record, widget);
     gestures.Watch(record, widget);

@@ -25,6 +25,9 @@ HostMachine::HostMachine(std::string commandLine)
       process(std::move(commandLine)),
       copies(MarksFolder()),
       ports(files),
-      platform{clock, events, line, files, dialogs, process, copies, ports, ScreensOfDesktop()} {}
+      printer(files),
+      platform{
+          clock,   events,    line,    files, dialogs, process, copies, ports, ScreensOfDesktop(),
+          printer, clipboard, pictures} {}
 
 }  // namespace cumeron

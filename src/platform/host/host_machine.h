@@ -6,7 +6,9 @@
 #include "platform/host/dialogs.h"
 #include "platform/host/event_loop.h"
 #include "platform/host/files.h"
+#include "platform/host/pictures.h"
 #include "platform/host/port_map.h"
+#include "platform/host/printer.h"
 #include "platform/host/process.h"
 #include "platform/host/running_copies.h"
 #include "platform/host/serial_line.h"
@@ -26,6 +28,9 @@ struct HostMachine {
     HostProcess process;
     HostRunningCopies copies;
     HostPorts ports;
+    HostPrinter printer;
+    HostClipboard clipboard;
+    HostPictures pictures;
     Platform platform;
 };
 

@@ -55,12 +55,19 @@ HostView::HostView(Workstation& w, HostMachine& host, std::vector<Form*> shown)
         Sync();  // a form that was shown just now is the one to stand in front of
         return FrontWindow();
     };
+    machine.printer.Owner = machine.dialogs.Owner;
+    machine.pictures.Window = [this](const Form& form) -> QWidget* {
+        Sync();
+        return WindowOf(form);
+    };
 }
 
 HostView::~HostView() {
     machine.events.BeforeTurn = nullptr;
     machine.dialogs.Title = nullptr;
     machine.dialogs.Owner = nullptr;
+    machine.printer.Owner = nullptr;
+    machine.pictures.Window = nullptr;
 }
 
 FormWindow* HostView::WindowOf(const Form& form) {

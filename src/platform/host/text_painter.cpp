@@ -1,8 +1,10 @@
 #include "platform/host/text_painter.h"
 
+#include <QFile>
 #include <QFontMetrics>
 #include <QImage>
 #include <QPainter>
+#include <QSvgRenderer>
 
 #include "platform/host/colours.h"
 #include "platform/host/unicode.h"
@@ -34,5 +36,19 @@ int HostTextPainter::TextWidth(const std::string& text) {
 }
 
 int HostTextPainter::TextHeight() { return QFontMetrics(font).height(); }
+
+void HostTextPainter::PaintDrawing(Surface& surface, const std::string& name) {
+    QFile file(":/icons/" + ToUnicode(name) + ".svg");
+    if (!file.open(QIODevice::ReadOnly) || surface.PixelWidth() <= 0 ||
+        surface.PixelHeight() <= 0) {
+        return;
+    }
+    QSvgRenderer renderer(file.readAll().replace("currentColor", "black"));
+    renderer.setAspectRatioMode(Qt::KeepAspectRatio);
+    QImage image(reinterpret_cast<uchar*>(surface.PixelsToPaint()), surface.PixelWidth(),
+                 surface.PixelHeight(), surface.PixelWidth() * 4, QImage::Format_RGB32);
+    QPainter painter(&image);
+    renderer.render(&painter, image.rect());
+}
 
 }  // namespace cumeron

@@ -14,6 +14,7 @@ public:
     void Paint(Surface& surface, const PrintedText& text) override;
     int TextWidth(const std::string& text) override;
     int TextHeight() override;
+    void PaintDrawing(Surface& surface, const std::string& name) override;
 
 private:
     QFont font;

@@ -20,6 +20,7 @@
 #include "platform/scripted/memory_files.h"
 #include "platform/scripted/scripted_dialogs.h"
 #include "platform/scripted/scripted_line.h"
+#include "platform/scripted/scripted_printer.h"
 #include "platform/scripted/scripted_time.h"
 
 namespace cumeron {
@@ -95,7 +96,11 @@ public:
     ScriptedProcess process{files};
     ScriptedCopies copies;
     ScriptedPorts ports;
-    Platform platform{time, time, line, files, dialogs, process, copies, ports, {}};
+    ScriptedPrinter printer;
+    ScriptedClipboard clipboard;
+    ScriptedPictures pictures;
+    Platform platform{time,   time,  line, files,   dialogs,   process,
+                      copies, ports, {},   printer, clipboard, pictures};
 
     // Starts the program afresh; the clock, the files and the marks stay as they are.
     void Start(const std::string& commandLine);
