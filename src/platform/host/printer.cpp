@@ -47,6 +47,10 @@ std::int16_t PaperNumber(const QPageSize& size) {
 
 bool IsPaperNumber(std::int16_t number) { return QPageSize::id(number) != QPageSize::Custom; }
 
+std::string LocationOf(const QString& name) {
+    return FromUnicode(QPrinterInfo::printerInfo(name).location());
+}
+
 // How a printer that was just chosen stands.
 std::int16_t FirstValue(const std::string& device, PrinterProperty property) {
     if (property == PrinterProperty::ColorMode) return Colour;
@@ -95,6 +99,11 @@ PagePicture InGrey(PagePicture picture) {
 
 // ---- Which printer ----
 
+HostPrinter::HostPrinter(Files& disk)
+    : Installed(QPrinterInfo::availablePrinterNames),
+      Usual(QPrinterInfo::defaultPrinterName),
+      files(disk) {}
+
 void HostPrinter::ReadChoice() {
     if (choiceRead) return;
     choiceRead = true;
@@ -103,9 +112,8 @@ void HostPrinter::ReadChoice() {
     ResumeNext([&] { text = files.Read(ChoiceName(files)); });
     device = ProfileValue(text, Section, "Device", "");
     pdfFile = ProfileValue(text, Section, "File", ProposedPdf());
-    const bool known = device == PdfDevice ||
-                       (!device.empty() && !QPrinterInfo::printerInfo(ToUnicode(device)).isNull());
-    if (!known) device = FromUnicode(QPrinterInfo::defaultPrinterName());
+    const bool known = device == PdfDevice || Installed().contains(ToUnicode(device));
+    if (!known) device = FromUnicode(Usual());
 }
 
 void HostPrinter::KeepChoice(const PrintChoice& choice) {
@@ -123,14 +131,14 @@ PrinterIdentity HostPrinter::Identity() {
     ReadChoice();
     if (device.empty()) return {};
     if (device == PdfDevice) return {PdfDevice, "PDF", pdfFile};
-    return {device, "CUPS", FromUnicode(QPrinterInfo::printerInfo(ToUnicode(device)).location())};
+    return {device, "CUPS", LocationOf(ToUnicode(device))};
 }
 
 std::vector<PrinterIdentity> HostPrinter::Printers() {
     ReadChoice();
     std::vector<PrinterIdentity> all;
-    for (const QPrinterInfo& info : QPrinterInfo::availablePrinters()) {
-        all.push_back({FromUnicode(info.printerName()), "CUPS", FromUnicode(info.location())});
+    for (const QString& name : Installed()) {
+        all.push_back({FromUnicode(name), "CUPS", LocationOf(name)});
     }
     all.push_back({PdfDevice, "PDF", pdfFile});
     return all;

@@ -4,6 +4,7 @@
 
 #include <QMarginsF>
 #include <QPageLayout>
+#include <QStringList>
 #include <functional>
 #include <map>
 
@@ -22,7 +23,7 @@ inline constexpr const char* PdfDevice = "PDF file";
 
 class HostPrinter : public Printer {
 public:
-    explicit HostPrinter(Files& disk) : files(disk) {}
+    explicit HostPrinter(Files& disk);
 
     // At first the printer of the last choice, else that of the desktop, else none.
     PrinterIdentity Identity() override;
@@ -35,6 +36,9 @@ public:
 
     // The window that the dialog stands in front of.
     std::function<QWidget*()> Owner;
+    // The names of the printers that are set up on this machine, and that of the usual one.
+    std::function<QStringList()> Installed;
+    std::function<QString()> Usual;
 
 private:
     PageSize PrintableArea() override;
