@@ -125,9 +125,9 @@ TEST_F(Printing, TheScreenIsTheWholeWindow) {
     Click(Form().mnuPrintScreen);
     EXPECT_EQ(printer.TakePages(), 1);
     EXPECT_EQ(PageText(1), "CUMERON - Port 1, 01.01.2026 00:00:02");
-    EXPECT_EQ(Picture().pixelWidth, 640);
-    EXPECT_EQ(Picture().pixelHeight, 480);
-    EXPECT_EQ(Form().picPrinting.PixelWidth(), 640);
+    EXPECT_EQ(Picture().pixelWidth, Form().ScaleWidth());
+    EXPECT_EQ(Picture().pixelHeight, Form().ScaleHeight());
+    EXPECT_EQ(Form().picPrinting.PixelWidth(), Form().ScaleWidth());
     EXPECT_EQ(Picture().y, 300);
     EXPECT_EQ(Box(), "no box");
 }
@@ -275,14 +275,14 @@ TEST_F(Printing, ErrorsOfTheStripGoWhereTheyAreRead) {
     }
 }
 
-// ---- The full strip: 100 columns, of which 97 are used ----
+// ---- The full strip: 100 columns, of which 98 are used ----
 
 struct FullStrip : testing::Test, GraphStation {
     FullStrip() {
         w.frmMain.mnuAutoPrint.Checked = true;
         w.frmMain.Loaded = true;
         w.frmMain.ShownSinceLoad = true;
-        for (int i = 0; i < 97; ++i) {
+        for (int i = 0; i < 98; ++i) {
             Record(15 * i);
             Message(15 * i);
         }
@@ -292,8 +292,8 @@ struct FullStrip : testing::Test, GraphStation {
 TEST_F(FullStrip, IsPrintedAndBeginsAnewAtItsLeftEdge) {
     ASSERT_EQ(machine.printer.TakePages(), 0);
     const std::string strip = MiddleOf(Picture());
-    Record(15 * 97);
-    Message(15 * 97);
+    Record(15 * 98);
+    Message(15 * 98);
     EXPECT_EQ(machine.printer.TakePages(), 1);
     const auto& page = std::get<PagePicture>(machine.printer.LastPage()->operations.back());
     EXPECT_EQ(page.pixelWidth, 100 + 44 + 24 + 2);
@@ -311,7 +311,7 @@ TEST_F(FullStrip, IsPrintedAndBeginsAnewAtItsLeftEdge) {
 }
 
 TEST_F(FullStrip, MissingColumnsComeAtTheBeginningOfTheNext) {
-    Message(15 * 100);
+    Message(15 * 101);
     EXPECT_EQ(machine.printer.TakePages(), 1);
     EXPECT_EQ(Graphs().CurrentColumn, 4);
     EXPECT_EQ(FootOf(Picture()).substr(0, 3), "RRR");
@@ -327,11 +327,11 @@ TEST_F(FullStrip, TheGridIsOnThePageAndOnTheNewStrip) {
     UpdateAxes(w);
     ASSERT_NE(Graphs().GridOnScreen, 0);
     const std::string strip = MiddleOf(Picture());
-    Message(15 * 97);
+    Message(15 * 98);
     EXPECT_NE(Graphs().GridOnScreen, 0);
     const auto& page = std::get<PagePicture>(machine.printer.LastPage()->operations.back());
     int differing = 0;
-    for (int x = 0; x < 97; ++x) {
+    for (int x = 0; x < 98; ++x) {
         const std::uint32_t pixel = page.pixels.at(static_cast<std::size_t>(31 * 170 + 69 + x));
         differing += pixel != page.pixels.at(static_cast<std::size_t>(31 * 170 + 69)) ? 1 : 0;
     }
@@ -340,7 +340,7 @@ TEST_F(FullStrip, TheGridIsOnThePageAndOnTheNewStrip) {
 
 TEST_F(FullStrip, AFailingPrinterStopsNoReceptionAndTheStripBeginsAnewAllTheSame) {
     machine.printer.nextError = 482;
-    Message(15 * 97);
+    Message(15 * 98);
     EXPECT_FALSE(machine.dialogs.TakeBox());
     EXPECT_NE(w.frmDebug.txtMessage.Text.find(NoPrinter), std::string::npos);
     EXPECT_EQ(Graphs().CurrentColumn, 1);
@@ -348,18 +348,17 @@ TEST_F(FullStrip, AFailingPrinterStopsNoReceptionAndTheStripBeginsAnewAllTheSame
 }
 
 TEST_F(FullStrip, ARedrawScrollsAndPrintsNothing) {
-    Record(15 * 97);
-    Graphs().HistoryRedrawCount = 98;
-    ClearGraph(w);
-    RedrawHistory(w);
+    const std::int16_t newest = Graphs().HistoryIndex;
+    Graphs().HistoryRedrawCount = 30;
+    RedrawHistory(w);  // behind what stands there
     EXPECT_EQ(machine.printer.TakePages(), 0);
-    EXPECT_EQ(Graphs().HistoryIndex, 98) << "nothing is forgotten";
+    EXPECT_EQ(Graphs().HistoryIndex, newest) << "nothing is forgotten";
     EXPECT_EQ(Graphs().CurrentColumn, 98);
 }
 
 TEST_F(FullStrip, WithoutTheMarkItScrolls) {
     w.frmMain.mnuAutoPrint.Checked = false;
-    Message(15 * 97);
+    Message(15 * 98);
     EXPECT_EQ(machine.printer.TakePages(), 0);
     EXPECT_EQ(Graphs().CurrentColumn, 98);
 }
