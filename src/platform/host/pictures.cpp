@@ -4,7 +4,6 @@
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QImage>
-#include <QImageWriter>
 #include <QPainter>
 #include <QPdfWriter>
 #include <QPixmap>
@@ -39,14 +38,15 @@ QString Description(const PictureNotes& notes) {
                      "\nSaved: " + notes.savedTime);
 }
 
+// The writer takes no keys of two words; the image does.
 void WritePng(QIODevice& out, const QImage& image, const PictureNotes& notes) {
-    QImageWriter writer(&out, "png");
-    writer.setText("Title", ToUnicode(notes.title));
-    writer.setText("First Time", ToUnicode(notes.firstTime));
-    writer.setText("Last Time", ToUnicode(notes.lastTime));
-    writer.setText("Creation Time", ToUnicode(notes.savedTime));
-    writer.setText("Software", Maker);
-    if (!writer.write(image)) throw RuntimeError(5);
+    QImage titled = image;
+    titled.setText("Title", ToUnicode(notes.title));
+    titled.setText("First Time", ToUnicode(notes.firstTime));
+    titled.setText("Last Time", ToUnicode(notes.lastTime));
+    titled.setText("Creation Time", ToUnicode(notes.savedTime));
+    titled.setText("Software", Maker);
+    if (!titled.save(&out, "png")) throw RuntimeError(5);
 }
 
 void Paint(QPaintDevice& paper, const QImage& image) {

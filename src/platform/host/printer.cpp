@@ -171,7 +171,7 @@ bool HostPrinter::ShowSetup(PrintSetupRecords& records) {
     choice.pdfFile = pdfFile;
     for (const DevModeField& field : DevModeFields) {
         const std::int16_t told = WordAt(records.devMode, field.offset);
-        std::int16_t now = told;
+        std::int16_t now = FirstValue(device, field.property);
         ResumeNext([&] { now = Property(field.property); });
         choice.properties[field.property] = IsValue(field.property, told) ? told : now;
     }
