@@ -34,7 +34,7 @@ TEST(MainWindow, ListsEachControlOnceUnderAParentThatIsThere) {
     for (const NamedControl& line : form.Controls()) {
         EXPECT_TRUE(parents.contains(line.parent)) << line.name;
     }
-    EXPECT_EQ(names.size(), 39U + 6 + 18 + 11 + 4 + 4 + 9 + 2 + 6 + 2 + 10 + 4 + 10);
+    EXPECT_EQ(names.size(), 40U + 6 + 18 + 11 + 5 + 8 + 11 + 2 + 6 + 2 + 10 + 4 + 10);
 }
 
 TEST(MainWindow, EachEntryAndButtonDoesSomething) {
