@@ -16,18 +16,9 @@ namespace {
 // The box is cut often enough to keep adding to it cheap, and seldom enough not to be noticed.
 constexpr std::size_t CutAbove = 16000;
 constexpr std::size_t CutBy = 4096;
-// A flood, as behind a program that stood still, may come in blocks larger than what is cut each
-// time; past this the box goes down at once to what the usual cut leaves.
-constexpr std::size_t Flood = 65536;
-
-constexpr std::string_view OffLine = "OFF-line";
 
 void CutHead(std::string& text) {
-    if (text.size() > Flood) {
-        text.erase(0, text.size() - (CutAbove - CutBy));
-    } else if (text.size() > CutAbove) {
-        text.erase(0, CutBy);
-    }
+    if (text.size() > CutAbove) text.erase(0, CutBy);
 }
 
 // kept: a backspace behind the end of a line takes half of the line's end, one character as
@@ -40,16 +31,6 @@ void ShowData(Workstation& w, std::string_view data) {
     box.Text += block.text;
     box.SelStart = static_cast<int>(box.Text.size());
     WriteTerminalLog(w, block.text);
-}
-
-// While the terminal was open nothing was told in the main window about the port.
-void TellPortInMainWindow(Workstation& w) {
-    const std::string& told = w.frmMain.sbaStatus.Errors.Text;
-    if (!w.comCTLine().PortOpen()) {
-        SetErrorsPanel(w, OffLine, Red);
-    } else if (told == OffLine) {
-        SetErrorsPanel(w, "NO MESSAGE", Red);
-    }
 }
 
 }  // namespace
@@ -86,7 +67,8 @@ void mnuOpenTerminal_Click(Workstation& w) {
     // Its end has come in the terminal, if at all: what follows must not be taken for it.
     w.intake.ReceiveBuffer.clear();
     w.frmMain.tmrClock.SetEnabled(true);
-    TellPortInMainWindow(w);
+    // Nothing was told about the port meanwhile; of an open one the clock will tell.
+    if (!w.comCTLine().PortOpen()) SetErrorsPanel(w, "OFF-line", Red);
 }
 
 // In a loop, so that what arrives while a block is shown does not wait for the next event.
@@ -100,7 +82,6 @@ void DataArrived(Workstation& w) {
 void FollowPort(Workstation& w) {
     FrmTerminal& form = w.frmTerminal;
     const bool open = w.comCTLine().PortOpen();
-    ShowPortState(w);
     form.tbrToolBar.Openport.Value = w.frmMain.Toolbar1.OpenPort.Value;
     form.tbrToolBar.Closeport.Value = w.frmMain.Toolbar1.ClosePort.Value;
     form.mnuOpenPort.Checked = w.frmMain.mnuOpenPort.Checked;

@@ -45,11 +45,13 @@ void mnuTerminalOpenPort_Click(Workstation& w) {
         }
     }
     // Dialling takes its time, in which the terminal may be closed.
+    ShowPortState(w);
     if (w.frmTerminal.Loaded) FollowPort(w);
 }
 
 void mnuTerminalClosePort_Click(Workstation& w) {
     if (w.comCTLine().PortOpen()) ClosePort(w, PortNews::Silent);
+    ShowPortState(w);
     FollowPort(w);
 }
 
@@ -57,7 +59,10 @@ void mnuTerminalClosePort_Click(Workstation& w) {
 void mnuTerminalPortSettings_Click(Workstation& w) {
     FrmTerminal& form = w.frmTerminal;
     ShowDialog(w, w.ConfigScrn);
-    if (w.comCTLine().PortOpen() != form.mnuOpenPort.Checked) FollowPort(w);
+    if (w.comCTLine().PortOpen() != form.mnuOpenPort.Checked) {
+        ShowPortState(w);
+        FollowPort(w);
+    }
     form.sbrStatus.Settings.Text = "Settings: " + w.comCTLine().Settings();
 }
 

@@ -55,10 +55,11 @@ std::string WithReturns(const std::string& text) {
 void SendNextOfPaste(Workstation& w) {
     FrmTerminal& form = w.frmTerminal;
     const char c = form.paste.text[form.paste.sent++];
+    form.tmrPaste.SetEnabled(false);  // a box about a failure stands still
+    if (!Send(w, c)) return DropPaste(w);
     form.tmrPaste.Interval = c == '\r' ? LinePause : CharacterPause;
     form.tmrPaste.SetEnabled(PasteUnderWay(form));
     ShowPaste(form);
-    if (!Send(w, c)) return DropPaste(w);
     ShowOwn(w, c);
 }
 

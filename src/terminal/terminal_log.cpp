@@ -7,6 +7,7 @@
 #include "terminal/terminal_log.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "platform/runtime/dates.h"
 #include "platform/runtime/errors.h"
@@ -60,8 +61,7 @@ std::string ClosingLine(Workstation& w) {
 }
 
 // How much of a text that could not be written whole is in the file.
-std::size_t WrittenPart(Workstation& w, std::size_t length) {
-    const TerminalLog& log = w.frmTerminal.log;
+std::size_t WrittenPart(Workstation& w, const TerminalLog& log, std::size_t length) {
     std::int64_t size = log.size;
     ResumeNext([&] { size = w.platform.files.OpenForReading(log.name)->Size(); });
     const auto most = static_cast<std::int64_t>(length);
@@ -69,15 +69,14 @@ std::size_t WrittenPart(Workstation& w, std::size_t length) {
 }
 
 // Asks after each failure whether to go on behind what has been written; false when not.
-bool WriteAsking(Workstation& w, std::string_view text) {
-    TerminalLog& log = w.frmTerminal.log;
+bool WriteAsking(Workstation& w, TerminalLog& log, std::string_view text) {
     while (true) {
         try {
             w.platform.files.Append(log.name, text);
             log.size += static_cast<std::int64_t>(text.size());
             return true;
         } catch (const RuntimeError& error) {
-            const std::size_t written = WrittenPart(w, text.size());
+            const std::size_t written = WrittenPart(w, log, text.size());
             log.size += static_cast<std::int64_t>(written);
             text.remove_prefix(written);
             const Answer answer =
@@ -112,8 +111,10 @@ void mnuOpenLog_Click(Workstation& w) {
 }
 
 void mnuCloseLog_Click(Workstation& w) {
-    WriteAsking(w, ClosingLine(w));
-    EndLog(w);
+    // What arrives while a box stands open is not to get into the closing line.
+    TerminalLog closing = std::exchange(w.frmTerminal.log, {});
+    WriteAsking(w, closing, ClosingLine(w));
+    ShowLog(w);
 }
 
 void tbrToolBarLog_Click(Workstation& w) {
@@ -125,8 +126,8 @@ void tbrToolBarLog_Click(Workstation& w) {
 }
 
 void WriteTerminalLog(Workstation& w, std::string_view text) {
-    const TerminalLog& log = w.frmTerminal.log;
-    if (log.number == 0 || WriteAsking(w, text)) return;
+    TerminalLog& log = w.frmTerminal.log;
+    if (log.number == 0 || WriteAsking(w, log, text)) return;
     // The operator has given the file up: its closing line is tried, and nothing more is asked.
     ResumeNext([&] { w.platform.files.Append(log.name, ClosingLine(w)); });
     EndLog(w);

@@ -144,6 +144,17 @@ TEST(TerminalPaste, IsDroppedWhenTheDeviceVanishes) {
     EXPECT_EQ(session.Sent(), "a");
 }
 
+TEST(TerminalPaste, StandsStillInTheBoxAboutItsFirstCharacter) {
+    Session session(Line::Open);
+    session.machine.line.FailNextOutput(57);
+    session.machine.dialogs.OnBox = [&] { session.machine.Advance(MicrosPerSecond); };
+    session.Paste("abc");
+    EXPECT_NE(session.Box().find("Error Number: 57"), std::string::npos);
+    session.Seconds(1);
+    EXPECT_EQ(session.Sent(), "");
+    EXPECT_FALSE(session.Form().sbrStatus.Paste.Visible);
+}
+
 TEST(TerminalPaste, AppearsByItselfWithoutAnEcho) {
     Session session(Line::Open);
     session.W().terminal.TerminalEchoOff = 1;

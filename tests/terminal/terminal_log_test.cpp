@@ -95,6 +95,23 @@ TEST(TerminalLog, RetryGoesOnBehindWhatWasWritten) {
     }
 }
 
+TEST(TerminalLog, NothingGetsIntoAClosingLineThatIsTriedAgain) {
+    Logged session;
+    session.OpenLog();
+    session.machine.files.FillDiskAfter(5);
+    session.machine.dialogs.OnBox = [&] {
+        session.machine.files.EmptyDisk();
+        session.machine.line.Arrive("late");
+    };
+    session.machine.dialogs.AnswerNext(Answer::Retry);
+    session.Click(session.Form().mnuCloseLog);
+    EXPECT_EQ(session.Box(), ErrorText(61));
+    EXPECT_EQ(session.Box(), "no box");
+    EXPECT_EQ(session.File(), Head + Closed);
+    EXPECT_EQ(session.Text(), "late");
+    session.ExpectShown(false);
+}
+
 TEST(TerminalLog, AsksAgainAfterEachFailure) {
     Logged session;
     session.OpenLog();
