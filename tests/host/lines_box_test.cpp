@@ -37,6 +37,20 @@ TEST(ShowLines, FollowsEveryChangeOfTheRecord) {
     }
 }
 
+TEST(ShowLines, ASelectionOutlivesACutHead) {
+    QPlainTextEdit edit;
+    std::string text;
+    for (int i = 0; i < 1000; ++i) text += "line " + std::to_string(i) + "\r\n";
+    ShowLines(text, edit);
+    QTextCursor cursor = edit.document()->find("line 777");
+    edit.setTextCursor(cursor);
+    text.erase(0, 4096);
+    text += "added";
+    ShowLines(text, edit);
+    EXPECT_EQ(LinesOf(edit), ShownLines(text));
+    EXPECT_EQ(edit.textCursor().selectedText(), "line 777");
+}
+
 // The work of the widget is that of the characters that change, however much it holds.
 TEST(ShowLines, AddsToALongTextWithoutTouchingIt) {
     QPlainTextEdit edit;

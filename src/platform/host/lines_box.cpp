@@ -34,6 +34,17 @@ std::size_t PlaceInRecord(const std::string& text, qsizetype shown) {
     return at;
 }
 
+// How many characters have gone from the front of the text, when what is left of it begins the
+// wanted one; else 0.
+qsizetype CutFromHead(const QString& now, const QString& wanted) {
+    constexpr qsizetype longestProbe = 1024;
+    const QString probe = wanted.left(longestProbe);
+    for (qsizetype at = now.indexOf(probe); at > 0; at = now.indexOf(probe, at + 1)) {
+        if (wanted.startsWith(QStringView(now).mid(at))) return at;
+    }
+    return 0;
+}
+
 }  // namespace
 
 QString ShownLines(const std::string& text) {
@@ -47,8 +58,15 @@ QString LinesOf(const QPlainTextEdit& edit) {
 
 void ShowLines(const std::string& text, QPlainTextEdit& edit) {
     const QString wanted = ShownLines(text);
-    const QString now = LinesOf(edit);
+    QString now = LinesOf(edit);
     if (wanted == now) return;
+    if (const qsizetype gone = CutFromHead(now, wanted); gone > 0) {
+        // Apart from what is added behind, so that a selection in what stays is kept.
+        QTextCursor head(edit.document());
+        head.setPosition(static_cast<int>(gone), QTextCursor::KeepAnchor);
+        head.removeSelectedText();
+        now.remove(0, gone);
+    }
     const Difference difference = Compare(now, wanted);
     QTextCursor cursor(edit.document());
     cursor.setPosition(static_cast<int>(difference.before));
