@@ -66,6 +66,7 @@ void OpenPort(Workstation& w, PortNews news) {
     const std::string& text = w.settings.Modem_Initialization_String;
     const bool dials = w.settings.Modem_used != 0 && !text.empty();
     if (dials) SendModemInit(w, text);
+    if (!w.comCTLine().PortOpen()) return;  // closed while the modem was waited for
     if (news == PortNews::Shown) {
         SetErrorsPanel(w, dials ? "Dialling" : "NO MESSAGE", dials ? Black : Red);
     }
