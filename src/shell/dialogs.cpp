@@ -10,7 +10,7 @@ void ShowDialog(Workstation& w, Form& form) {
         ++w.frmSkyCond.SentToBack;
     }
     ShowModal(w, form);
-    SetTop(w);
+    if (ModalForm(w) == nullptr) SetTop(w);  // a dialog behind this one is not covered either
 }
 
 }  // namespace cumeron
