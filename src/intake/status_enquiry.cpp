@@ -48,12 +48,12 @@ void BeginEnquiry(Workstation& w) {
 
 // Each statement goes on past its error: a device that vanishes in the middle leaves the enquiry
 // without a reply, and that is what the window says.
-std::string AskInstrument(Workstation& w) {
+std::string AskInstrument(Workstation& w, const std::string& command) {
     SerialLine& line = w.comCTLine();
     ResumeNext([&] { line.Output("OPEN\r"); });
     // What comes back is not looked at: an instrument whose line is open already need not answer.
     ResumeNext([&] { WaitForReply(w, Prompt); });
-    ResumeNext([&] { line.Output(CommandOf(w.model)); });
+    ResumeNext([&] { line.Output(command); });
     std::string reply;
     ResumeNext([&] { reply = WaitForReply(w, Prompt); });
     if (reply.empty()) {
@@ -106,8 +106,9 @@ void EnquireStatus(Workstation& w) {
             BoxButtons::Ok);
         return;
     }
+    const std::string command = CommandOf(w.model);
     ResumeNext([&] { BeginEnquiry(w); });
-    const std::string reply = AskInstrument(w);
+    const std::string reply = AskInstrument(w, command);
     ResumeNext([&] { ShowReply(w, reply); });
     if (w.frmMain.mnuLogOn.Checked && w.settings.Status_Log == 1) {
         ResumeNext([&] { WriteStatusReply(w, reply); });

@@ -93,10 +93,10 @@ bool RefusesDuringEnquiry(Workstation& w) {
 
 void Fstatusbutton_Click(Workstation& w) {
     w.platform.events.DoEvents();
+    if (RefusesRv10x(w, "KN30, KN50, RV70X and RV20X")) return;
     // A changed status word may have started one while this window was open; two at a time would
     // take the replies from each other.
     if (RefusesDuringEnquiry(w)) return;
-    if (RefusesRv10x(w, "KN30, KN50, RV70X and RV20X")) return;
     UnloadForm(w, w.frmStatus);
     if (w.frmMain.mnuLogOn.Checked && w.settings.Status_Log == 1) {
         ReportAndGoOn(w, [&] { WriteStatusNote(w); });
