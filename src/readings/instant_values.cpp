@@ -212,7 +212,7 @@ void ClearInstantValues(Workstation& w) {
     SetHeightLabels(w);
     for (Label& value : w.frmMain.CloudValue) value.Caption.clear();
     SetStatusPanel(w, "Status:    OK", Black);
-    w.sky.SkyValid = 0;
+    w.sky.SkyValid = 0;  // so that new sky settings do not bring the layers back
     ClearSkyFrame(w);
     if (w.frmMain.mnuSkyCond.Checked) ClearValues(w);
     DecodeStatusDigits(w, "000000000000");

@@ -57,7 +57,9 @@ void ShowLayers(Workstation& w) {
     for (std::size_t i = 0; i < SkyLayers; ++i) {
         const std::string& height = w.sky.SkyHeights[i];
         labels[2 * i].Caption = AmountCaption(w, w.sky.SkyAmounts[i]);
-        labels[2 * i + 1].Caption = IsNumeric(height) ? height : "";
+        // A height says nothing without its amount.
+        const bool shown = IsNumeric(height) && w.sky.SkyAmounts[i] != UnreadableAmount;
+        labels[2 * i + 1].Caption = shown ? height : "";
     }
 }
 
@@ -116,9 +118,8 @@ void ParseSkyCondition(SkyState& sky, std::string_view block, int records, int d
         const long position = length * i + 1;
         const auto amount = AmountIn(Mid(block, position, AmountLength));
         sky.SkyAmounts[layer] = hasData ? amount.value_or(UnreadableAmount) : std::int16_t{0};
-        // A height says nothing without its amount.
         sky.SkyHeights[layer] =
-            hasData && amount ? Mid(block, position + AmountLength, digits + 1) : noHeight;
+            hasData ? Mid(block, position + AmountLength, digits + 1) : noHeight;
     }
     if (!hasData) sky.SkyAmounts[0] = NoData;
 }

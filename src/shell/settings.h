@@ -60,8 +60,8 @@ struct Settings {
     std::int16_t Sky_Cond_On_Top = 0;
     std::int16_t Sky_Win_Top = 0;  // twips
     std::int16_t Sky_Win_Left = 0;
-    std::int16_t Sky_Win_Height = 0;
-    std::int16_t Sky_Win_Width = 0;
+    std::int16_t Sky_Win_Height = 4356;
+    std::int16_t Sky_Win_Width = 5256;
     std::int16_t CEILOMETER = 0;        // model code
     std::int16_t Message_Interval = 0;  // seconds to a column: the interval times CompressFactor
     std::int16_t Port_open = 0;

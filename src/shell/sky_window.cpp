@@ -48,8 +48,9 @@ void frmSkyCond_Load(Workstation& w) {
     if (settings.Sky_Cond_On_Top == 1) {
         form.Left = settings.Sky_Win_Left;
         form.Top = settings.Sky_Win_Top;
-        form.Width = settings.Sky_Win_Width;
-        form.Height = settings.Sky_Win_Height;
+        // A window without a size could not be seen, nor pulled open.
+        if (settings.Sky_Win_Width > 0) form.Width = settings.Sky_Win_Width;
+        if (settings.Sky_Win_Height > 0) form.Height = settings.Sky_Win_Height;
     } else {
         form.Left = QuarterInto(w.frmMain.Left, w.frmMain.Width);
         form.Top = QuarterInto(w.frmMain.Top, w.frmMain.Height);
@@ -194,6 +195,7 @@ void mnuSkyCond_Click(Workstation& w) {
         return;
     }
     LoadForm(w, w.frmSkyCond);  // a start that failed has not
+    if (w.frmSkyCond.WindowState == 1) ChangeWindowState(w, w.frmSkyCond, 0);
     UpdateAll(w);
     ShowForm(w, w.frmSkyCond);
     ++w.frmSkyCond.BroughtToFront;
@@ -247,7 +249,8 @@ void UpDateStatus(Workstation& w, std::string_view text, int colour) {
         line.ForeColor = QBColor(Black);
     } else if (InStr(line.Caption, "ALARM") > 0) {
         line.BackColor = QBColor(Red);
-        form.tmrAlarm.SetEnabled(true);
+        // A further alarm goes on with the blinking: begun anew each time it would never be seen.
+        if (!form.tmrAlarm.Enabled()) form.tmrAlarm.SetEnabled(true);
     } else {
         // kept: a warning behind an alarm goes on blinking; only a good status ends that, so that
         // nobody misses the alarm.

@@ -70,7 +70,7 @@ TEST(SkyAmountText, EveryAmountHasItsWordOrNone) {
 }
 
 TEST(ParseSkyCondition, TakesEachRecord) {
-    const std::string none = std::to_string(UnreadableAmount) + " ////|";
+    const std::string unread = std::to_string(UnreadableAmount), none = unread + " ";
     const struct {
         const char* what;
         std::string block;
@@ -90,14 +90,14 @@ TEST(ParseSkyCondition, TakesEachRecord) {
         {"the second record tells", "  3 0450/// 1200  2 2000  8 2500", 3, 4,
          "-1 ////|0 ////|0 ////|0 ////|0 ////|"},
         {"the first record is no number", "/// 0450  5 1200  0 ////  8 2500", 3, 4,
-         none + "5 1200|0 ////|8 2500|0 ////|"},
+         none + "0450|5 1200|0 ////|8 2500|0 ////|"},
         {"a later record is no number", "  3 0450  5 1200 x4 2000  8 2500", 3, 4,
-         "3 0450|5 1200|" + none + "8 2500|0 ////|"},
+         "3 0450|5 1200|" + none + "2000|8 2500|0 ////|"},
         {"more than a number can be", "  3 0450  5 12009E9 20009D9 2500", 3, 4,
-         "3 0450|5 1200|" + none + none + "0 ////|"},
+         "3 0450|5 1200|" + none + "2000|" + none + "2500|0 ////|"},
         {"numbers of all kinds", "  3 0450-9. 12001E1 20002   2500", 3, 4,
          "3 0450|-9 1200|10 2000|2 2500|0 ////|"},
-        {"cut short", "  3 0450  5 12", 3, 4, "3 0450|5 12|" + none + none + "0 ////|"},
+        {"cut short", "  3 0450  5 12", 3, 4, "3 0450|5 12|" + unread + "|" + unread + "|0 ////|"},
         {"empty", "", 3, 4, "-1 ////|0 ////|0 ////|0 ////|0 ////|"},
     };
     for (const auto& c : cases) {

@@ -385,6 +385,37 @@ TEST(SkyWindow, AfterAStartThatFailedItIsShownAllTheSame) {
     EXPECT_FALSE(program.Sky().imgSky[0].Visible);
 }
 
+TEST(SkyWindow, HasASizeWhateverTheSettingsSay) {
+    for (const char* settings : {"Sky_Cond_On_Top=1\r\nSky_Win_Height=abc\r\n",
+                                 "Sky_Cond_On_Top=1\r\nSky_Win_Height=0\r\nSky_Win_Width=-3\r\n"}) {
+        Program program(settings);
+        while (program.machine.dialogs.TakeBox()) {
+        }
+        program.Show();
+        EXPECT_EQ(program.Sky().Width, 5256) << settings;
+        EXPECT_EQ(program.Sky().Height, 4356) << settings;
+    }
+}
+
+TEST(SkyWindow, TheEntryOpensAMinimisedWindow) {
+    Program program;
+    program.Show();
+    ChangeWindowState(program.W(), program.Sky(), 1);
+    program.Click(program.Main().mnuSkyCond);
+    program.Click(program.Main().mnuSkyCond);
+    EXPECT_TRUE(program.Sky().Visible);
+    EXPECT_EQ(program.Sky().WindowState, 0);
+}
+
+TEST(SkyWindow, FurtherAlarmsDoNotBeginTheBlinkingAnew) {
+    Program program;
+    program.Show();
+    UpDateStatus(program.W(), "ALARM", Red);
+    const unsigned settings = program.Sky().tmrAlarm.Settings();
+    UpDateStatus(program.W(), "ALARM again", Red);
+    EXPECT_EQ(program.Sky().tmrAlarm.Settings(), settings);
+}
+
 TEST(SkyWindow, ClicksOnTheMainWindowCopyCaptions) {
     Program program;
     FrmMain& main = program.Main();
