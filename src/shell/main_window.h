@@ -67,10 +67,6 @@ struct FrmMain : Form {
     void Reset() override;
 };
 
-// The handler of an entry whose feature this version does not have: a box says so. feature begins
-// the sentence, "The terminal".
-Handler NotYet(std::string feature);
-
 void Form_Resize(Workstation& w);
 void ArrangeSplitView(Workstation& w);
 // The sizer was dropped on a surface, at x in its scale: divides the split view there.

@@ -45,15 +45,13 @@ void mnuContents_Click(Workstation& w) {
 
 void mnuIndex_Click(Workstation& w) { ShowHelp(w, HelpFile, HelpTopic, IndexTopic); }
 
-// click is null for a menu of its own and for what this version does not have; later names the
-// latter's feature.
+// click is null for a menu of its own.
 struct MenuRow {
     MenuEntry FrmMain::*entry;
     const char* name;
     const char* parent;
     const char* caption;
     Procedure click;
-    const char* later = nullptr;
     bool separatorBefore = false;
 };
 
@@ -66,24 +64,24 @@ constexpr MenuRow MenuRows[] = {
     {&FrmMain::mnuPortSettings, "mnuPortSettings", "mnuMode", "Port S&ettings...",
      mnuPortSettings_Click},
     {&FrmMain::mnuFileOpen, "mnuFileOpen", "mnuMode", "O&ff-Line File Open...", OpenOffline,
-     nullptr, Separator},
+     Separator},
     {&FrmMain::mnuExcel, "mnuExcel", "mnuMode", "E&xcel Data Conversion", mnuExcel_Click},
     {&FrmMain::mnuPrintGraph, "mnuPrintGraph", "mnuMode", "&Print Graph", mnuPrintGraph_Click,
-     nullptr, Separator},
+     Separator},
     {&FrmMain::mnuAutoPrint, "mnuAutoPrint", "mnuMode", "&Automatic Print Graph",
      mnuAutoPrint_Click},
     {&FrmMain::mnuPrintScreen, "mnuPrintScreen", "mnuMode", "Print &Screen", mnuPrintScreen_Click},
     {&FrmMain::mnuPrintSetup, "mnuPrintSetup", "mnuMode", "Print S&etup...", mnuPrintSetup_Click},
     {&FrmMain::mnuSaveGraph, "mnuSaveGraph", "mnuMode", "Save &Graph As...", mnuSaveGraph_Click},
     {&FrmMain::mnuCeiloType, "mnuCeiloType", "mnuMode", "Ceilo &Type...", mnuCeiloType_Click,
-     nullptr, Separator},
+     Separator},
     {&FrmMain::mnuSaveSettingsNow, "mnuSaveSettingsNow", "mnuMode", "Save Settings &Now",
-     mnuSaveSettingsNow_Click, nullptr, Separator},
+     mnuSaveSettingsNow_Click, Separator},
     {&FrmMain::mnuSaveSettings, "mnuSaveSettings", "mnuMode", "&Save Settings on Exit",
      mnuSaveSettings_Click},
     {&FrmMain::mnuRestore, "mnuRestore", "mnuMode", "&Restore Defaults", mnuRestore_Click},
     {&FrmMain::mnuStartup, "mnuStartup", "mnuMode", "Start &Up Options...", mnuStartup_Click},
-    {&FrmMain::mnuExit, "mnuExit", "mnuMode", "&Exit", mnuExit_Click, nullptr, Separator},
+    {&FrmMain::mnuExit, "mnuExit", "mnuMode", "&Exit", mnuExit_Click, Separator},
 
     {&FrmMain::mnuEdit, "mnuEdit", "", "&Edit", nullptr},
     {&FrmMain::mnuCopyPicture, "mnuCopyPicture", "mnuEdit", "&Copy Graph", mnuCopyPicture_Click},
@@ -92,7 +90,7 @@ constexpr MenuRow MenuRows[] = {
     {&FrmMain::mnuLogOn, "mnuLogOn", "mnuLog", "&On", mnuLogOn_Click},
     {&FrmMain::mnuLogOff, "mnuLogOff", "mnuLog", "O&ff", mnuLogOff_Click},
     {&FrmMain::mnuLogSettings, "mnuLogSettings", "mnuLog", "&Settings...", mnuLogSettings_Click,
-     nullptr, Separator},
+     Separator},
 
     {&FrmMain::mnuShow, "mnuShow", "", "&View", nullptr},
     {&FrmMain::mnuLinePlot, "mnuLinePlot", "mnuShow", "Backscatter &Profile", mnuLinePlot_Click},
@@ -102,13 +100,13 @@ constexpr MenuRow MenuRows[] = {
      mnuSplitScreen_Click},
     {&FrmMain::mnuSkyCond, "mnuSkyCond", "mnuShow", "Sky Condition &Window", mnuSkyCond_Click},
     {&FrmMain::mnuBackscatterSettings, "mnuBackscatterSettings", "mnuShow",
-     "&Backscatter Profile Settings...", mnuBackscatterSettings_Click, nullptr, Separator},
+     "&Backscatter Profile Settings...", mnuBackscatterSettings_Click, Separator},
     {&FrmMain::mnuCloudSettings, "mnuCloudSettings", "mnuShow", "&Cloud Graph Settings...",
      mnuCloudSettings_Click},
     {&FrmMain::mnuSkyCondSettings, "mnuSkyCondSettings", "mnuShow", "S&ky Condition Settings...",
      mnuSkyCondSettings_Click},
     {&FrmMain::mnuShowMessage, "mnuShowMessage", "mnuShow", "&Message", mnuShowMessage_Click,
-     nullptr, Separator},
+     Separator},
     {&FrmMain::mnuShowStatus, "mnuShowStatus", "mnuShow", "&Status", mnuShowStatus_Click},
 
     {&FrmMain::mnuTerminal, "mnuTerminal", "", "&Terminal", nullptr},
@@ -118,7 +116,7 @@ constexpr MenuRow MenuRows[] = {
     {&FrmMain::mnuHelp, "mnuHelp", "", "&Help", nullptr},
     {&FrmMain::mnuContents, "mnuContents", "mnuHelp", "&Contents", mnuContents_Click},
     {&FrmMain::mnuIndex, "mnuIndex", "mnuHelp", "&Index", mnuIndex_Click},
-    {&FrmMain::mnuAbout, "mnuAbout", "mnuHelp", "&About", mnuAbout_Click, nullptr, Separator},
+    {&FrmMain::mnuAbout, "mnuAbout", "mnuHelp", "&About", mnuAbout_Click, Separator},
 };
 
 using Bar = FrmMain::ToolBar;
@@ -128,7 +126,6 @@ struct ButtonRow {
     const char* key;
     const char* tip;
     Procedure click;
-    const char* later = nullptr;
     bool checkStyle = false;
     bool enabled = true;
     bool separatorBefore = false;
@@ -137,29 +134,25 @@ struct ButtonRow {
 constexpr bool Check = true, Push = false, Enabled = true, Disabled = false;
 
 constexpr ButtonRow ButtonRows[] = {
-    {&Bar::CloudHit, "CloudHit", "Cloud Detection Graph", ShowCloudHitView, nullptr, Check},
-    {&Bar::CloudIntensity, "CloudIntensity", "Cloud Intensity Graph", mnuPoints_Click, nullptr,
-     Check},
-    {&Bar::BackScat, "BackScat", "BackScatter Graph", mnuLinePlot_Click, nullptr, Check},
-    {&Bar::Split, "Split", "Cloud Graph and BackScatter", mnuSplitScreen_Click, nullptr, Check},
-    {&Bar::Status, "Status", "Status of Ceilometer", mnuShowStatus_Click, nullptr, Push, Enabled,
-     Separator},
+    {&Bar::CloudHit, "CloudHit", "Cloud Detection Graph", ShowCloudHitView, Check},
+    {&Bar::CloudIntensity, "CloudIntensity", "Cloud Intensity Graph", mnuPoints_Click, Check},
+    {&Bar::BackScat, "BackScat", "BackScatter Graph", mnuLinePlot_Click, Check},
+    {&Bar::Split, "Split", "Cloud Graph and BackScatter", mnuSplitScreen_Click, Check},
+    {&Bar::Status, "Status", "Status of Ceilometer", mnuShowStatus_Click, Push, Enabled, Separator},
     {&Bar::Message, "Message", "Measurement Message", mnuShowMessage_Click},
     {&Bar::SkyCond, "SkyCond", "Sky Condition Window", mnuSkyCond_Click},
-    {&Bar::OpenPort, "OpenPort", "Open Communication Port", mnuOpenPort_Click, nullptr, Check,
-     Enabled, Separator},
-    {&Bar::ClosePort, "ClosePort", "Close Communication Port", mnuClosePort_Click, nullptr, Check},
-    {&Bar::OpenFile, "OpenFile", "Off-line File Open", OpenOffline, nullptr, Push, Enabled,
+    {&Bar::OpenPort, "OpenPort", "Open Communication Port", mnuOpenPort_Click, Check, Enabled,
      Separator},
-    {&Bar::Log, "Log", "Log On / Off", ToolbarLog_Click, nullptr, Check},
+    {&Bar::ClosePort, "ClosePort", "Close Communication Port", mnuClosePort_Click, Check},
+    {&Bar::OpenFile, "OpenFile", "Off-line File Open", OpenOffline, Push, Enabled, Separator},
+    {&Bar::Log, "Log", "Log On / Off", ToolbarLog_Click, Check},
     {&Bar::Grid, "Grid", "Grid On / Off", ToggleGrid},
-    {&Bar::Start, "Start", "Goto Start of File", GotoFileStart, nullptr, Push, Disabled, Separator},
-    {&Bar::Back, "Back", "One Step Backward", StepBack, nullptr, Push, Disabled},
-    {&Bar::Forward, "Forward", "One Step Forward", StepForward, nullptr, Push, Disabled},
-    {&Bar::Play, "Play", "Play Message", PlayFile, nullptr, Push, Disabled},
-    {&Bar::Stop, "Stop", "Stop Message Play", ToolbarStop_Click, nullptr, Push, Disabled},
-    {&Bar::CloseFile, "CloseFile", "Close Off-line FIle", ToolbarCloseFile_Click, nullptr, Push,
-     Disabled},
+    {&Bar::Start, "Start", "Goto Start of File", GotoFileStart, Push, Disabled, Separator},
+    {&Bar::Back, "Back", "One Step Backward", StepBack, Push, Disabled},
+    {&Bar::Forward, "Forward", "One Step Forward", StepForward, Push, Disabled},
+    {&Bar::Play, "Play", "Play Message", PlayFile, Push, Disabled},
+    {&Bar::Stop, "Stop", "Stop Message Play", ToolbarStop_Click, Push, Disabled},
+    {&Bar::CloseFile, "CloseFile", "Close Off-line FIle", ToolbarCloseFile_Click, Push, Disabled},
 };
 
 using Foot = FrmMain::StatusBar;
@@ -283,17 +276,12 @@ void Place(Control& control, const Box& box) {
     control.Height = box.height;
 }
 
-Handler HandlerOf(Procedure click, const char* later) {
-    if (click != nullptr) return click;
-    return later != nullptr ? NotYet(later) : Handler();
-}
-
 void ResetMenus(FrmMain& form) {
     for (const MenuRow& row : MenuRows) {
         MenuEntry& entry = form.*row.entry = MenuEntry();
         entry.Caption = row.caption;
         entry.SeparatorBefore = row.separatorBefore;
-        entry.Click = HandlerOf(row.click, row.later);
+        entry.Click = row.click;
     }
     for (std::size_t i = 0; i < form.mnuRecent.size(); ++i) {
         MenuEntry& entry = form.mnuRecent[i] = MenuEntry();
@@ -317,7 +305,7 @@ void ResetBars(FrmMain& form) {
         button.CheckStyle = row.checkStyle;
         button.Enabled = row.enabled;
         button.SeparatorBefore = row.separatorBefore;
-        button.Click = HandlerOf(row.click, row.later);
+        button.Click = row.click;
     }
     form.sbaStatus.Height = 28;
     for (const PanelRow& row : PanelRows) {
@@ -358,7 +346,7 @@ void ResetGraphs(FrmMain& form) {
         label.Bold = row.bold;
         label.Alignment = row.alignment;
         label.Visible = row.visible;
-        label.Click = HandlerOf(row.click, nullptr);
+        label.Click = row.click;
     }
 }
 
@@ -394,12 +382,6 @@ void ResetTimers(FrmMain& form) {
 }
 
 }  // namespace
-
-Handler NotYet(std::string feature) {
-    return [text = std::move(feature) + " is not part of this version yet."](Workstation& w) {
-        w.platform.dialogs.MessageBox(text, BoxButtons::Ok);
-    };
-}
 
 FrmMain::FrmMain() { FrmMain::Reset(); }
 
