@@ -53,8 +53,9 @@ std::vector<Profile> Profiles() {
 struct Exporter {
     ScriptedMachine machine;
     HostFiles files;
-    Platform platform{machine.time,    machine.time,   machine.line,  files, machine.dialogs,
-                      machine.process, machine.copies, machine.ports, {}};
+    Platform platform{machine.time,      machine.time,    machine.line,  files, machine.dialogs,
+                      machine.process,   machine.copies,  machine.ports, {},    machine.printer,
+                      machine.clipboard, machine.pictures};
     Workstation w{platform};
     std::string message = "\x01" + std::string(7600, '0');
 

@@ -44,9 +44,10 @@ struct Run {
 struct Repaint {
     ScriptedMachine machine;
     NoTurns noTurns;
-    Platform platform{machine.time,   noTurns,         machine.line,
-                      machine.files,  machine.dialogs, machine.process,
-                      machine.copies, machine.ports,   {}};
+    Platform platform{machine.time,    noTurns,           machine.line,
+                      machine.files,   machine.dialogs,   machine.process,
+                      machine.copies,  machine.ports,     {},
+                      machine.printer, machine.clipboard, machine.pictures};
     Workstation w{platform};
     std::vector<Run> runs;  // of the gates, the lowest first
     // Of each message and gate; 0 where nothing is drawn.

@@ -42,8 +42,9 @@ void WriteRecords(benchmark::State& state) {
     const NewFolder folder;
     ScriptedMachine machine;
     HostFiles files;
-    Platform platform{machine.time,    machine.time,   machine.line,  files, machine.dialogs,
-                      machine.process, machine.copies, machine.ports, {}};
+    Platform platform{machine.time,      machine.time,    machine.line,  files, machine.dialogs,
+                      machine.process,   machine.copies,  machine.ports, {},    machine.printer,
+                      machine.clipboard, machine.pictures};
     Workstation w(platform);
     w.settings.Log_File_Path = folder.name;
     w.settings.File_Char = "A";

@@ -72,9 +72,18 @@ struct Player {
     HostMachine machine{"1"};
     Unattended dialogs;
     TimedTurns turns{machine.events};
-    Platform platform{machine.clock,  turns,         machine.line,
-                      machine.files,  dialogs,       machine.process,
-                      machine.copies, machine.ports, {}};
+    Platform platform{machine.clock,
+                      turns,
+                      machine.line,
+                      machine.files,
+                      dialogs,
+                      machine.process,
+                      machine.copies,
+                      machine.ports,
+                      {},
+                      machine.printer,
+                      machine.clipboard,
+                      machine.pictures};
     Workstation w{platform};
     std::unique_ptr<HostView> view;
 

@@ -67,8 +67,8 @@ struct Workstation {
     SerialLine& comCTLine() { return platform.line; }
     // Every form, frmMain first.
     std::vector<Form*> Forms() {
-        return {&frmMain,   &frmDebug,  &frmStatus,          &frmSmsg,  &frmSkyCond,
-                &frmStart,  &frmAbout,  &ConfigScrn,         &frmCType, &frmBackScatter,
+        return {&frmMain,   &frmDebug,  &frmStatus,          &frmSmsg,    &frmSkyCond,
+                &frmStart,  &frmAbout,  &ConfigScrn,         &frmCType,   &frmBackScatter,
                 &frmClouds, &frmSetLog, &frmSkyCondSettings, &frmTerminal};
     }
 };

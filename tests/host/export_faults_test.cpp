@@ -30,8 +30,9 @@ namespace fs = std::filesystem;
 struct RealExport {
     ScriptedMachine machine;
     HostFiles files;
-    Platform platform{machine.time,    machine.time,   machine.line,  files, machine.dialogs,
-                      machine.process, machine.copies, machine.ports, {}};
+    Platform platform{machine.time,      machine.time,    machine.line,  files, machine.dialogs,
+                      machine.process,   machine.copies,  machine.ports, {},    machine.printer,
+                      machine.clipboard, machine.pictures};
     Workstation w{platform};
 
     RealExport() {
@@ -86,9 +87,7 @@ struct ExportFaults : testing::Test {
 class NoSuperUser {
 public:
     NoSuperUser() : wasRoot(::geteuid() == 0 && ::seteuid(65534) == 0) {}
-    ~NoSuperUser() {
-        EXPECT_TRUE(!wasRoot || ::seteuid(0) == 0);
-    }
+    ~NoSuperUser() { EXPECT_TRUE(!wasRoot || ::seteuid(0) == 0); }
     NoSuperUser(const NoSuperUser&) = delete;
     NoSuperUser& operator=(const NoSuperUser&) = delete;
 

@@ -210,8 +210,9 @@ TEST_F(HostFilesTest, TellsWhetherTwoNamesAreOneFile) {
     WriteFile(name, "");
     ASSERT_EQ(::symlink(name.c_str(), link.c_str()), 0);
     EXPECT_TRUE(files.IsSame(name, own.Path("config/../a.DAT")));
-    EXPECT_TRUE(files.IsSame(name, own.Path("H\xF6he.txt")));
-    EXPECT_TRUE(files.IsSame(own.Path("H\xF6he.txt"), name));
+    const std::string linkInProgram = own.Path("config") + "/../H\xF6he.txt";
+    EXPECT_TRUE(files.IsSame(name, linkInProgram));
+    EXPECT_TRUE(files.IsSame(linkInProgram, name));
     EXPECT_FALSE(files.IsSame(name, own.Path("b.DAT")));
     EXPECT_FALSE(files.IsSame(own.Path("b.DAT"), own.Path("b.DAT")));
 }

@@ -82,8 +82,9 @@ protected:
     NotingLine line{machine.time};
     SignedDialogs dialogs;
     RefusingPorts ports;
-    Platform platform{machine.time,    machine.time,   line,  machine.files, dialogs,
-                      machine.process, machine.copies, ports, {1600, 900, 0}};
+    Platform platform{machine.time,      machine.time,    line,  machine.files,  dialogs,
+                      machine.process,   machine.copies,  ports, {1600, 900, 0}, machine.printer,
+                      machine.clipboard, machine.pictures};
     Workstation w{platform};
     FrmConfigScrn& form = w.ConfigScrn;
 };
