@@ -29,8 +29,9 @@ constexpr int Records = 30240;
 constexpr std::size_t Samples = 1500;
 constexpr int Interval = 15;  // seconds
 
+// Without a dot in its name, at which the name of the export would end.
 struct NewFolder {
-    std::string name = (std::filesystem::temp_directory_path() / "export_bench.XXXXXX").string();
+    std::string name = (std::filesystem::temp_directory_path() / "export_bench_XXXXXX").string();
     NewFolder() { name = ::mkdtemp(name.data()); }
     ~NewFolder() { std::filesystem::remove_all(name); }
 };
