@@ -18,6 +18,7 @@
 #include <utility>
 #include <vector>
 
+#include "logging/file_set.h"
 #include "platform/runtime/dates.h"
 #include "platform/runtime/errors.h"
 #include "platform/runtime/text.h"
@@ -33,11 +34,6 @@ constexpr std::string_view LineEnd = "\r\n";
 constexpr double LastTimeWithoutDate = 1;
 
 bool IsKn(const Workstation& w) { return w.model.family == Family::KN; }
-
-std::string DateAndTime(Workstation& w) {
-    const double now = w.platform.clock.Now();
-    return Format(now, "Short Date") + " " + Format(now, "ttttt");
-}
 
 // ---- Samples ----
 
@@ -109,7 +105,7 @@ std::string FirstLines(Workstation& w) {
     return "Ceilometer Measurement data profile in the Excel suitable format (comma as column "
            "separator)\r\nThe unit of the data is [" +
            std::string(IsKn(w) ? "100000" : "10000") +
-           "*srad*km]^-1\r\nFile created: " + DateAndTime(w) + "\r\n";
+           "*srad*km]^-1\r\nFile created: " + DateAndTime(w.platform.clock.Now()) + "\r\n";
 }
 
 // kept: the words are those by which the sheets of old stations know the columns, and feet are cut
@@ -166,15 +162,18 @@ std::string Row(const Workstation& w, std::span<const std::int32_t> samples, dou
 // ---- The file ----
 
 // What has to go in front of the next line: nothing, or the end of a line that a crash or a full
-// disk cut.
+// disk cut. A file that cannot be looked at counts as cut.
 std::string_view EndOfBreak(Files& files, const std::string& name) {
-    char last = '\n';
+    bool isWhole = false;
     ResumeNext([&] {
         const auto file = files.OpenForReading(name);
-        file->Seek(std::max<std::int64_t>(file->Size() - 1, 0));
+        const std::int64_t size = file->Size();
+        char last = '\0';
+        file->Seek(std::max<std::int64_t>(size - 1, 0));
         file->Read(&last, 1);
+        isWhole = size == 0 || last == '\n';
     });
-    return last == '\n' ? "" : LineEnd;
+    return isWhole ? "" : LineEnd;
 }
 
 void Print(Files& files, ExportState& to, std::string_view text) {
@@ -188,8 +187,9 @@ void StartFile(Workstation& w, const std::string& offlineFileName) {
     Files& files = w.platform.files;
     ExportState opened;
     opened.name = ExportName(offlineFileName);
-    // Rows in the file that is being read would end its records.
-    if (files.IsSame(opened.name, offlineFileName)) throw RuntimeError(AlreadyOpen);
+    // Rows in a file that is being read, or will be, would end its records.
+    const bool isRead = files.IsSame(opened.name, offlineFileName) || IsOfSet(w, opened.name);
+    if (isRead) throw RuntimeError(AlreadyOpen);
     opened.file = files.OpenForAppending(opened.name);
     opened.brokenOff = true;  // what an earlier export left
     Print(files, opened, FirstLines(w));
@@ -265,8 +265,10 @@ void CloseExportFile(Workstation& w) {
     // The state is that of no file before a box can be shown.
     ExportState closing = std::exchange(w.exporting, {});
     if (!closing.file) return;
-    ReportAndGoOn(
-        w, [&] { Print(w.platform.files, closing, "-File Closed: " + DateAndTime(w) + "\r\n"); });
+    ReportAndGoOn(w, [&] {
+        Print(w.platform.files, closing,
+              "-File Closed: " + DateAndTime(w.platform.clock.Now()) + "\r\n");
+    });
 }
 
 }  // namespace cumeron

@@ -33,11 +33,14 @@ void SortFileList(std::vector<std::string>& list) {
     if (list.size() > SecondOfSet) std::sort(list.begin() + SecondOfSet, list.end());
 }
 
+std::string NameOfSet(const Workstation& w, std::size_t element) {
+    const std::vector<std::string>& list = w.offline.OfflineFileList;
+    return WithSeparator(w.platform.files.Style(), list.at(1), list.at(element));
+}
+
 void SelectOfSet(Workstation& w, std::size_t element) {
-    OfflineState& offline = w.offline;
-    offline.OfflineFileIndex = ToInt16(static_cast<double>(element));
-    offline.OfflineFileName = WithSeparator(w.platform.files.Style(), offline.OfflineFileList.at(1),
-                                            offline.OfflineFileList.at(element));
+    w.offline.OfflineFileIndex = ToInt16(static_cast<double>(element));
+    w.offline.OfflineFileName = NameOfSet(w, element);
 }
 
 void ShowFileInCaption(Workstation& w) {
@@ -80,6 +83,13 @@ void OpenSelected(Workstation& w) {
     OpenOfflineFile(w, w.offline.OfflineFileName);
     ShowFileInCaption(w);
     UpdateProgress(w);
+}
+
+bool IsOfSet(Workstation& w, const std::string& name) {
+    for (std::size_t i = FirstOfSet; i < w.offline.OfflineFileList.size(); ++i) {
+        if (w.platform.files.IsSame(name, NameOfSet(w, i))) return true;
+    }
+    return false;
 }
 
 void OpenFirstOfSet(Workstation& w) {

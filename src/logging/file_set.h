@@ -18,6 +18,8 @@ void TakeChosen(Workstation& w, const std::string& chosen);
 // Opens the selected file in place of another and shows its name in the caption. Raises what
 // Files::OpenForReading raises; then no file is open.
 void OpenSelected(Workstation& w);
+// Whether the name leads to a file of the set that is replayed.
+bool IsOfSet(Workstation& w, const std::string& name);
 // Selects and opens the first file of a set; a single file stays as it is.
 void OpenFirstOfSet(Workstation& w);
 // The same with the next one, whose records count from 1 again. False, and nothing done, when the

@@ -1,5 +1,6 @@
 #include "platform/host/files.h"
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
@@ -179,6 +180,13 @@ TEST_F(HostFilesTest, AnOpenFileSeesWhatIsAppended) {
     EXPECT_EQ(ErrorOf([&] { files.OpenForReading(own.Path("config")); }), 75);
     ASSERT_EQ(::mkfifo(own.Path("pipe").c_str(), 0600), 0);
     EXPECT_EQ(ErrorOf([&] { files.OpenForReading(own.Path("pipe")); }), 75) << "and does not wait";
+    for (const int mode : {O_RDONLY, O_WRONLY}) {
+        const int other = ::open(own.Path("pipe").c_str(), mode | O_NONBLOCK);
+        EXPECT_EQ(ErrorOf([&] { files.OpenForAppending(own.Path("pipe")); }), 75) << mode;
+        EXPECT_EQ(ErrorOf([&] { files.Append(own.Path("pipe"), "text"); }), 75) << mode;
+        EXPECT_EQ(ErrorOf([&] { files.AppendSafely(own.Path("pipe"), "text"); }), 75) << mode;
+        if (other >= 0) ::close(other);
+    }
     EXPECT_EQ(ErrorOf([&] { files.OpenForReading("/proc/self/mem")->Read(bytes, 3); }), 57);
 }
 

@@ -161,6 +161,9 @@ TEST(WriteExportRow, ARangeWithoutSamplesEndsBehindTheEighthColumn) {
     rows.w.graphs.ProfileYLow = 1;
     rows.Write();
     EXPECT_EQ(rows.Line(6), "1-May,12:00:00,H,PQRST,VWXYZ,BCDEF,NOP,");
+    rows.w.graphs.ProfileYLow = 3000;  // beyond the profile, but nothing is taken of it
+    rows.Write();
+    EXPECT_EQ(rows.Line(7), "1-May,12:00:00,H,PQRST,VWXYZ,BCDEF,NOP,");
 }
 
 TEST(WriteExportRow, TakesTheFieldsOfTheModelAsTheyStand) {
@@ -345,6 +348,18 @@ TEST(OpenExportFile, DoesNotWriteIntoTheFileThatIsRead) {
     EXPECT_EQ(replay.Box(), BoxOf(55));
     EXPECT_EQ(replay.Box(), "End of file");
     EXPECT_EQ(replay.w().exporting.ExportFileNo, 0);
+    EXPECT_EQ(replay.machine.files.Content("C:\\LOG\\A.TXT"), log);
+}
+
+TEST(OpenExportFile, DoesNotWriteIntoALaterFileOfTheSetThatIsRead) {
+    Replay replay(20);
+    const std::string log = ShortLog(2);
+    replay.machine.files.Put(A, log);
+    replay.machine.files.Put("C:\\LOG\\A.TXT", log);
+    replay.Click(replay.Form().mnuExcel);
+    replay.Open("C:\\LOG\0A.DAT\0A.TXT"s);
+    EXPECT_EQ(replay.Box(), BoxOf(55));
+    EXPECT_EQ(replay.Box(), "End of file");
     EXPECT_EQ(replay.machine.files.Content("C:\\LOG\\A.TXT"), log);
 }
 

@@ -161,10 +161,20 @@ private:
     Descriptor file;
 };
 
+// Without waiting for the reader of a pipe.
+constexpr int ToAppend = O_WRONLY | O_CREAT | O_APPEND | O_NONBLOCK | O_NOCTTY;
+
+// What is open for appending: no pipe, into which a text of any length does not go.
+void CheckAppending(const std::string& path, const Descriptor& file) {
+    if (file.Number() < 0) FailToAppend(path, errno == ENXIO ? EISDIR : errno);
+    struct stat found {};
+    if (::fstat(file.Number(), &found) == 0 && S_ISFIFO(found.st_mode)) Fail(EISDIR);
+}
+
 class HostOutput : public OutputFile {
 public:
-    explicit HostOutput(const std::string& path) : file(path, O_WRONLY | O_CREAT | O_APPEND) {
-        if (file.Number() < 0) FailToAppend(path, errno);
+    explicit HostOutput(const std::string& path) : file(path, ToAppend) {
+        CheckAppending(path, file);
     }
     void Write(std::string_view text) override { WriteAll(file.Number(), text); }
 
@@ -241,16 +251,16 @@ std::string HostFiles::Read(const std::string& name) {
 
 void HostFiles::Append(const std::string& name, std::string_view text) {
     const std::string path = ToFileName(name);
-    Descriptor file(path, O_WRONLY | O_CREAT | O_APPEND);
-    if (file.Number() < 0) FailToAppend(path, errno);
+    Descriptor file(path, ToAppend);
+    CheckAppending(path, file);
     WriteAll(file.Number(), text);
     file.Close();
 }
 
 void HostFiles::AppendSafely(const std::string& name, std::string_view text) {
     const std::string path = ToFileName(name);
-    Descriptor file(path, O_WRONLY | O_CREAT | O_APPEND);
-    if (file.Number() < 0) FailToAppend(path, errno);
+    Descriptor file(path, ToAppend);
+    CheckAppending(path, file);
     struct stat before {};
     ::fstat(file.Number(), &before);
     WriteAll(file.Number(), text);
