@@ -271,7 +271,8 @@ bool PlayRecords(Workstation& w) {
     std::int16_t turn = 0;
     bool ended = false;
     const int session = offline.session;
-    while (offline.session == session && offline.PlayStopRequested == 0 && !ended) {
+    while (offline.OfflineFileNo != 0 && offline.session == session &&
+           offline.PlayStopRequested == 0 && !ended) {
         // kept: 16 bits; a set of more messages than they count pauses there with an error.
         turn = Add16(turn, 1);
         if (ReadOn(w, record) != NoRecord) {
@@ -284,17 +285,18 @@ bool PlayRecords(Workstation& w) {
     return ended;
 }
 
+// A page of what was played, and a turn for the operator, who may close the file in it.
 void PrintReplay(Workstation& w) {
     if (!w.frmMain.mnuAutoPrint.Checked) return;
+    const int session = w.offline.session;
     PrintGraph(w, PrintErrors::ToBox);
     w.platform.events.DoEvents();
+    // A stop that comes now finds nothing to stop.
+    if (w.offline.session == session) w.offline.PlayStopRequested = 0;
 }
 
 void FinishPlay(Workstation& w) {
-    if (w.offline.PlayStopRequested == 0) {
-        PrintReplay(w);
-        return TellEnd(w);
-    }
+    if (w.offline.PlayStopRequested == 0) return TellEnd(w);
     w.offline.PlayStopRequested = 0;
     UpdateBackscatterPlot(w);
     EnableForwardAndPlay(w, true);
@@ -424,7 +426,8 @@ void PlayFile(Workstation& w) {
     w.frmMain.Toolbar1.Stop.Enabled = true;
     const int session = w.offline.session;
     try {
-        PlayRecords(w);
+        const bool atEnd = PlayRecords(w) && w.offline.PlayStopRequested == 0;
+        if (atEnd && w.offline.session == session) PrintReplay(w);
         if (w.offline.OfflineFileNo == 0) {
             w.intake.ReplayBusy = 0;
             return;

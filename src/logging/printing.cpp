@@ -23,36 +23,51 @@ constexpr int ScaleModePixels = 3;
 // page's height.
 constexpr int PictureTop = 300, RoomForHeading = 500;
 
-// A page that is not finished when this goes is thrown away.
+// A page that is not finished when this goes is thrown away; the title below the graph and the
+// printer's settings are then as they were before.
 class BegunPage {
 public:
-    explicit BegunPage(Printer& used) : printer(used) {
-        printer.ScaleMode = ScaleModePixels;
-        printer.FontSize = HeadingPoints;
+    explicit BegunPage(Workstation& station)
+        : w(station), titleBefore(station.frmMain.lblPrintXlabel.Caption) {
+        w.platform.printer.ScaleMode = ScaleModePixels;
+        w.platform.printer.FontSize = HeadingPoints;
     }
-    ~BegunPage() { printer.KillDoc(); }
+    ~BegunPage() {
+        if (finished) return;
+        w.platform.printer.KillDoc();
+        w.frmMain.lblPrintXlabel.Caption = titleBefore;
+        ResumeNext([&] { ApplyPrinterSettings(w, 0); });
+    }
     BegunPage(const BegunPage&) = delete;
     BegunPage& operator=(const BegunPage&) = delete;
+    void Finish() {
+        w.platform.printer.EndDoc();
+        ApplyPrinterSettings(w, 0);
+        finished = true;
+    }
 
 private:
-    Printer& printer;
+    Workstation& w;
+    std::string titleBefore;
+    bool finished = false;
 };
 
-// Puts the title below the graph back unless the page got through.
-class KeptTitle {
+// What the operator sees while a strip goes to the printer.
+class PrintingShown {
 public:
-    explicit KeptTitle(Label& changed) : label(changed), before(changed.Caption) {}
-    ~KeptTitle() {
-        if (!finished) label.Caption = before;
+    explicit PrintingShown(Workstation& station) : w(station) {
+        SetActionPanel(w, "Printing Graph");
+        SetBusyPointer(w);
     }
-    KeptTitle(const KeptTitle&) = delete;
-    KeptTitle& operator=(const KeptTitle&) = delete;
-    void Finish() { finished = true; }
+    ~PrintingShown() {
+        SetDefaultPointer(w);
+        SetActionPanel(w, "");
+    }
+    PrintingShown(const PrintingShown&) = delete;
+    PrintingShown& operator=(const PrintingShown&) = delete;
 
 private:
-    Label& label;
-    std::string before;
-    bool finished = false;
+    Workstation& w;
 };
 
 void PrintHeading(Workstation& w) {
@@ -72,14 +87,11 @@ void PaintPage(Workstation& w) {
 
 // One page with the heading and what compose puts on picPrinting.
 void PrintPage(Workstation& w, const std::function<void()>& compose) {
-    const BegunPage page(w.platform.printer);
-    KeptTitle title(w.frmMain.lblPrintXlabel);
+    BegunPage page(w);
     PrintHeading(w);
     compose();
     PaintPage(w);
-    w.platform.printer.EndDoc();
-    title.Finish();
-    ApplyPrinterSettings(w, 0);
+    page.Finish();
 }
 
 void PrintView(Workstation& w) {
@@ -108,6 +120,7 @@ void CopyView(Workstation& w) {
 }
 
 void PrintStrip(Workstation& w) {
+    const PrintingShown shown(w);
     ShowForm(w, w.frmMain);
     const WhiteLabels labels(w);
     w.platform.printer.SetProperty(PrinterProperty::Orientation, Landscape);
@@ -143,12 +156,8 @@ void TellPrintErrors(Workstation& w, const std::function<void()>& step, PrintErr
 }
 
 void PrintGraph(Workstation& w, PrintErrors errors) {
-    SetActionPanel(w, "Printing Graph");
-    SetBusyPointer(w);
     TellPrintErrors(
         w, [&] { PrintStrip(w); }, errors);
-    SetDefaultPointer(w);
-    SetActionPanel(w, "");
 }
 
 void mnuPrintGraph_Click(Workstation& w) {

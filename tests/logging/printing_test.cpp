@@ -339,12 +339,13 @@ TEST_F(FullStrip, TheGridIsOnThePageAndOnTheNewStrip) {
 }
 
 TEST_F(FullStrip, AFailingPrinterStopsNoReceptionAndTheStripBeginsAnewAllTheSame) {
+    w.frmMain.picYLabels.BackColor = 0xC0C0C0;
     machine.printer.nextError = 482;
     Message(15 * 98);
     EXPECT_FALSE(machine.dialogs.TakeBox());
     EXPECT_NE(w.frmDebug.txtMessage.Text.find(NoPrinter), std::string::npos);
     EXPECT_EQ(Graphs().CurrentColumn, 1);
-    EXPECT_EQ(w.frmMain.picYLabels.BackColor, 0xFFFFFF) << "as it was in this station";
+    EXPECT_EQ(w.frmMain.picYLabels.BackColor, 0xC0C0C0);
 }
 
 TEST_F(FullStrip, ARedrawScrollsAndPrintsNothing) {
@@ -393,6 +394,40 @@ TEST(ReplayEnd, EventsRunBetweenThePageAndTheBox) {
     replay.machine.time.At(0, [&] { ran = replay.machine.dialogs.Boxes().size() == 1; });
     replay.OpenLog(KnLog(3));
     EXPECT_TRUE(ran);
+}
+
+TEST(ReplayEnd, WhatTheTurnBehindThePageDoesIsHeeded) {
+    const struct {
+        const char* what;
+        void (*act)(Replay&);
+        std::vector<std::string> boxes;
+        std::string buttons;
+        int record;
+    } cases[] = {
+        {"the file is closed", [](Replay& r) { r.Click(r.Bar().CloseFile); }, {}, "", 3},
+        {"another file is opened", [](Replay& r) { r.Open(B); }, {"End of file"}, "SBC", 7},
+        {"a stop has nothing to stop",
+         [](Replay& r) { r.Click(r.Bar().Stop); },
+         {"End of file"},
+         "SBC",
+         3},
+    };
+    for (const auto& c : cases) {
+        Replay replay;
+        replay.machine.files.Put(B, KnLog(7));
+        replay.Click(replay.Form().mnuAutoPrint);
+        replay.machine.time.At(0, [&] {
+            replay.Form().mnuAutoPrint.Checked = false;  // one page is enough
+            c.act(replay);
+        });
+        replay.OpenLog(KnLog(3));
+        for (const std::string& box : c.boxes) EXPECT_EQ(replay.Box(), box) << c.what;
+        EXPECT_EQ(replay.Box(), "no box") << c.what;
+        EXPECT_EQ(replay.Buttons(), c.buttons) << c.what;
+        EXPECT_EQ(replay.State().OfflineMessageNo, c.record) << c.what;
+        EXPECT_EQ(replay.w().intake.ReplayBusy, 0) << c.what;
+        EXPECT_TRUE(c.buttons.empty() || replay.State().PlayStopRequested == 0) << c.what;
+    }
 }
 
 TEST(ReplayEnd, StoppedOrWithoutTheMarkPrintsNothing) {
