@@ -34,22 +34,28 @@ std::string ProposedName(double when) {
     return name + ".png";
 }
 
+// Of the last message; now, while there is none.
+double TimeOfGraph(Workstation& w) {
+    const double last = w.graphs.MessageTime;
+    return last > 0 ? last : w.platform.clock.Now();
+}
+
 std::string AskForName(Workstation& w) {
     FileQuestion question;
     question.title = "Save Graph As";
     question.filter =
         "PNG pictures (*.png)|*.png|SVG drawings (*.svg)|*.svg|PDF documents (*.pdf)|*.pdf";
-    question.fileName = ProposedName(w.graphs.MessageTime);
+    question.fileName = ProposedName(TimeOfGraph(w));
     question.forWriting = true;
     return w.platform.dialogs.ChooseFiles(question);
 }
 
 // The left edge of the cloud graph is worked out from its newest column, as its time axis is.
 PictureNotes NotesOf(Workstation& w) {
-    const double last = w.graphs.MessageTime;
+    const double last = TimeOfGraph(w);
     const double first =
         last - w.graphs.CurrentColumn * (w.settings.Message_Interval / SecondsPerDay);
-    return {w.frmMain.Caption, Format(first, NoteTime), Format(last, NoteTime),
+    return {w.shell.MainTitle, Format(first, NoteTime), Format(last, NoteTime),
             Format(w.platform.clock.Now(), NoteTime)};
 }
 

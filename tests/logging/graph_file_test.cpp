@@ -41,6 +41,14 @@ TEST_F(SaveGraph, ProposesANameByTheLastMessage) {
     EXPECT_EQ(Box(), "no box") << "a cancelled dialog tells nothing";
 }
 
+TEST_F(SaveGraph, WithoutAMessageTheClockTellsTheTime) {
+    OpenLog("");
+    Box();
+    machine.dialogs.ChooseNext(std::nullopt);
+    Click(Form().mnuSaveGraph);
+    EXPECT_EQ(machine.dialogs.LastQuestion().fileName, "graph-20260101-0000.png");
+}
+
 TEST_F(SaveGraph, WritesThePictureWithTitleAndTimes) {
     const struct {
         const char* name;
@@ -51,7 +59,7 @@ TEST_F(SaveGraph, WritesThePictureWithTitleAndTimes) {
         const Surface& page = Form().picPrinting;
         EXPECT_EQ(Content(c.name), std::string(c.format) + " " + std::to_string(page.PixelWidth()) +
                                        " " + std::to_string(page.PixelHeight()) + "\r\n" +
-                                       Form().Caption +
+                                       w().shell.MainTitle +
                                        "\r\n2026-05-01 12:00:00\r\n2026-05-01 12:01:15\r\n" +
                                        "2026-01-01 00:00:01\r\n");
         EXPECT_EQ(page.PixelWidth(), Form().picCombination.PixelWidth() + 70);
