@@ -103,7 +103,7 @@ void PrintSetupDialog::ShowCurrent(const PrintChoice& current) {
     const auto value = [&](PrinterProperty property) { return current.properties.at(property); };
     const int known = device->findText(ToUnicode(current.device));
     device->setCurrentIndex(known >= 0 ? known : 0);
-    file->setText(ToUnicode(current.pdfFile));
+    file->setText(QString::fromStdString(ToFileName(current.pdfFile)));
     (value(PrinterProperty::Orientation) == Landscape ? landscape : portrait)->setChecked(true);
     OfferPaper(value(PrinterProperty::PaperSize));
     sides->setCurrentIndex(value(PrinterProperty::Duplex) - 1);
@@ -131,7 +131,7 @@ void PrintSetupDialog::Browse() {
 PrintChoice PrintSetupDialog::Choice() const {
     const auto word = [](int number) { return static_cast<std::int16_t>(number); };
     return {FromUnicode(device->currentText()),
-            FromUnicode(file->text()),
+            FromFileName(file->text().toStdString()),
             {{PrinterProperty::Orientation, landscape->isChecked() ? Landscape : Portrait},
              {PrinterProperty::PaperSize, word(paper->currentData().toInt())},
              {PrinterProperty::Duplex, word(sides->currentIndex() + 1)},
