@@ -173,13 +173,11 @@ void CheckAppending(const std::string& path, const Descriptor& file) {
 
 class HostOutput : public OutputFile {
 public:
-    explicit HostOutput(const std::string& path) : file(path, ToAppend) {
-        CheckAppending(path, file);
-    }
-    void Write(std::string_view text) override { WriteAll(file.Number(), text); }
+    explicit HostOutput(std::unique_ptr<Descriptor> opened) : file(std::move(opened)) {}
+    void Write(std::string_view text) override { WriteAll(file->Number(), text); }
 
 private:
-    Descriptor file;
+    std::unique_ptr<Descriptor> file;
 };
 
 // Places of the system's own, in which nobody keeps files.
@@ -274,7 +272,10 @@ std::unique_ptr<InputFile> HostFiles::OpenForReading(const std::string& name) {
 }
 
 std::unique_ptr<OutputFile> HostFiles::OpenForAppending(const std::string& name) {
-    return std::make_unique<HostOutput>(ToFileName(name));
+    const std::string path = ToFileName(name);
+    auto file = std::make_unique<Descriptor>(path, ToAppend);
+    CheckAppending(path, *file);
+    return std::make_unique<HostOutput>(std::move(file));
 }
 
 bool HostFiles::IsSame(const std::string& name, const std::string& other) {
