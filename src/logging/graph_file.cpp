@@ -47,6 +47,7 @@ std::string AskForName(Workstation& w) {
         "PNG pictures (*.png)|*.png|SVG drawings (*.svg)|*.svg|PDF documents (*.pdf)|*.pdf";
     question.fileName = ProposedName(TimeOfGraph(w));
     question.forWriting = true;
+    question.endingByKind = true;
     return w.platform.dialogs.ChooseFiles(question);
 }
 

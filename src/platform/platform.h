@@ -43,7 +43,8 @@ struct FileQuestion {
     std::string fileName;  // chosen at first
     bool several = false;  // more than one may be chosen
     bool forWriting = false;
-    bool asksItself = false;  // the program asks before it replaces a file, the dialog does not
+    bool endingByKind = false;  // the kind of files that is chosen gives the name its ending
+    bool asksItself = false;    // the program asks before it replaces a file, the dialog does not
 };
 
 class Dialogs {

@@ -160,5 +160,22 @@ TEST_F(FileDialogTest, NamesWithUmlautsAreTextsOfTheProgram) {
     EXPECT_EQ(ToFileName(chosen), own.Path("logs/\xC3\x9C.DAT"));
 }
 
+TEST_F(FileDialogTest, TheChosenKindGivesTheNameItsEnding) {
+    question.filter = "PNG pictures (*.png)|*.png|SVG drawings (*.svg)|*.svg";
+    question.fileName = own.Path("logs/graph.png");
+    question.forWriting = true;
+    question.endingByKind = true;
+    EXPECT_EQ(Ask([](QFileDialog& dialog) { QMetaObject::invokeMethod(&dialog, "accept"); }),
+              own.Path("logs/graph.png"));
+    EXPECT_EQ(Ask([](QFileDialog& dialog) {
+                  emit dialog.filterSelected(dialog.nameFilters().back());
+                  QMetaObject::invokeMethod(&dialog, "accept");
+              }),
+              own.Path("logs/graph.svg"));
+    EXPECT_EQ(Ask([](QFileDialog& dialog) { Type(dialog, "mine"); }), own.Path("logs/mine.png"));
+    question.endingByKind = false;
+    EXPECT_EQ(Ask([](QFileDialog& dialog) { Type(dialog, "mine"); }), own.Path("logs/mine"));
+}
+
 }  // namespace
 }  // namespace cumeron

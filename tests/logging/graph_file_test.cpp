@@ -37,6 +37,7 @@ TEST_F(SaveGraph, ProposesANameByTheLastMessage) {
     const FileQuestion& question = machine.dialogs.LastQuestion();
     EXPECT_EQ(question.fileName, "graph-20260501-1201.png");
     EXPECT_TRUE(question.forWriting);
+    EXPECT_TRUE(question.endingByKind);
     EXPECT_NE(question.filter.find("|*.svg|"), std::string::npos);
     EXPECT_EQ(Box(), "no box") << "a cancelled dialog tells nothing";
 }

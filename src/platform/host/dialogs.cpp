@@ -61,6 +61,7 @@ Answer AnswerOf(int button) {
 struct FileKind {
     QString description;  // "Data files"
     QString pattern;      // "*.[dD][aA][tT]": file systems here tell capitals from small letters
+    QString ending;       // "dat"; "" for files of any ending
     bool programs = false;
 };
 
@@ -80,7 +81,9 @@ QList<FileKind> KindsOf(const std::string& filter) {
     for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
         const QString description = parts[i].section(" (", 0, 0);
         const bool programs = parts[i + 1].compare("*.exe", Qt::CaseInsensitive) == 0;
-        kinds.append({description, PatternOf(parts[i + 1]), programs});
+        const QString ending = parts[i + 1].section("*.", 1, 1).toLower();
+        kinds.append({description, PatternOf(parts[i + 1]),
+                      ending == "*" || programs ? QString() : ending, programs});
     }
     return kinds;
 }
@@ -91,6 +94,14 @@ QString NameFilterOf(const FileKind& kind) { return kind.description + " (" + ki
 void ShowKind(QFileDialog& dialog, const FileKind& kind) {
     const QDir::Filters shown = QDir::AllDirs | QDir::Files | QDir::Drives | QDir::NoDotAndDotDot;
     dialog.setFilter(kind.programs ? shown | QDir::Executable : shown);
+}
+
+void ChangeEnding(QFileDialog& dialog, const QString& ending) {
+    dialog.setDefaultSuffix(ending);
+    const QStringList chosen = dialog.selectedFiles();
+    if (chosen.size() != 1) return;
+    const QFileInfo file(chosen.front());
+    if (!file.suffix().isEmpty()) dialog.selectFile(file.completeBaseName() + '.' + ending);
 }
 
 void OfferKinds(QFileDialog& dialog, const QList<FileKind>& kinds) {
@@ -104,6 +115,18 @@ void OfferKinds(QFileDialog& dialog, const QList<FileKind>& kinds) {
                      [&dialog, kinds, filters](const QString& filter) {
                          const qsizetype chosen = filters.indexOf(filter);
                          if (chosen >= 0) ShowKind(dialog, kinds[chosen]);
+                     });
+}
+
+// A name without an ending gets that of the kind, and one with the ending of another kind changes
+// it with the kind.
+void GiveEndings(QFileDialog& dialog, const QList<FileKind>& kinds) {
+    dialog.setDefaultSuffix(kinds.front().ending);
+    QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog,
+                     [&dialog, kinds](const QString& filter) {
+                         for (const FileKind& kind : kinds) {
+                             if (NameFilterOf(kind) == filter) ChangeEnding(dialog, kind.ending);
+                         }
                      });
 }
 
@@ -147,7 +170,9 @@ Answer HostDialogs::MessageBox(const std::string& text, BoxButtons buttons, BoxS
 std::string HostDialogs::ChooseFiles(const FileQuestion& question) {
     QFileDialog dialog(Owner ? Owner() : nullptr, ToUnicode(question.title));
     SetMode(dialog, question);
-    OfferKinds(dialog, KindsOf(question.filter));
+    const QList<FileKind> kinds = KindsOf(question.filter);
+    OfferKinds(dialog, kinds);
+    if (question.endingByKind) GiveEndings(dialog, kinds);
     const QFileInfo first(QString::fromStdString(ToFileName(question.fileName)));
     if (first.isAbsolute() && first.dir().exists()) {
         dialog.setDirectory(first.dir());
